@@ -1,0 +1,19 @@
+#include "cli/Console.h"
+
+#include "platform/Text.h"
+
+namespace veridane::cli {
+
+void complain(const Console& console, std::string_view message) {
+    console.err << programName << ": " << text::printable(message) << '\n' << std::flush;
+}
+
+bool print(const Console& console, std::string_view text) {
+    console.out << text << std::flush;
+    if (console.out)
+        return true;
+    complain(console, "standard output cannot be written");
+    return false;
+}
+
+} // namespace veridane::cli

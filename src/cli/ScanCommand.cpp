@@ -1,0 +1,82 @@
+#include "cli/ScanCommand.h"
+
+#include "cli/ProgressBar.h"
+#include "cli/ScanSummary.h"
+#include "cli/Volume.h"
+#include "model/JsonForms.h"
+#include "model/NativeCounterparts.h"
+#include "model/Recommendation.h"
+#include "platform/AtomicFile.h"
+#include "reports/ReportExporter.h"
+#include "scan/SystemScanner.h"
+
+#include <algorithm>
+
+namespace veridane::cli {
+namespace {
+
+std::vector<ScanItem> scanItems(const FileSystem& files, const SearchLocations& locations,
+                                const ScanArguments& arguments, const Console& console,
+                                const std::stop_token& stop) {
+    if (!arguments.showsProgress || !console.showsProgress)
+        return SystemScanner::scan(files, locations, arguments.options, {}, stop);
+    ProgressBar bar(console.err);
+    return SystemScanner::scan(
+        files, locations, arguments.options,
+        [&bar](const ScanProgress& progress) { bar.show(progress); }, stop);
+}
+
+std::string resultText(const ScanArguments& arguments, std::vector<ScanItem> items, bool coloured) {
+    switch (arguments.format) {
+    case ScanFormat::summary:
+        return scanSummary(items, coloured);
+    case ScanFormat::csv:
+        return ReportExporter::csvReport(items);
+    case ScanFormat::json:
+        return ReportExporter::jsonReport(items).value_or(std::string());
+    case ScanFormat::markdown:
+        return ReportExporter::markdownReport(items);
+    case ScanFormat::snapshot:
+        return json::snapshotText(
+            {.scannedAt = now(), .options = arguments.options, .items = std::move(items)});
+    }
+    return {};
+}
+
+bool anyNeedsAttention(const std::vector<ScanItem>& items) {
+    const NativeCounterparts counterparts(items);
+    return std::ranges::any_of(
+        items, [&](const ScanItem& item) { return needsAttention(urgencyOf(item, counterparts)); });
+}
+
+bool deliver(const ScanArguments& arguments, const Console& console, const std::string& text) {
+    if (!arguments.outputFile)
+        return print(console, text);
+    const auto error = writeFileAtomically(*arguments.outputFile, text);
+    if (error)
+        complain(console, *arguments.outputFile + " cannot be written: " + *error);
+    return !error;
+}
+
+} // namespace
+
+ExitStatus scan(const ScanArguments& arguments, const Console& console,
+                const std::stop_token& stop) {
+    const auto volume = openVolume(arguments.volume, console);
+    if (!volume)
+        return failure;
+    const auto locations =
+        searchLocations(*volume, arguments.homes, arguments.volume.has_value(), console);
+    if (!locations)
+        return failure;
+    std::vector<ScanItem> items = scanItems(*volume, *locations, arguments, console, stop);
+    if (stop.stop_requested())
+        return interrupted;
+    const bool fails = arguments.failsOnAttention && anyNeedsAttention(items);
+    const bool coloured = console.coloursOut && !arguments.outputFile;
+    if (!deliver(arguments, console, resultText(arguments, std::move(items), coloured)))
+        return failure;
+    return fails ? attentionNeeded : success;
+}
+
+} // namespace veridane::cli

@@ -1,0 +1,102 @@
+#include "platform/FileSystem.h"
+
+#include "platform/DirectoryListing.h"
+#include "platform/FileStatus.h"
+#include "platform/PathLookup.h"
+#include "platform/TreeWalk.h"
+#include "platform/WalkVisitor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace veridane {
+namespace {
+
+std::optional<OpenFile> openRegularFile(const QuietOpener& opener, const Location& location) {
+    // Asked before opening: opening a device can already do something to it.
+    const auto before = FileStatus::of(location.folder.get(), location.name.c_str());
+    if (!before || before->type() != EntryType::regularFile)
+        return std::nullopt;
+    Descriptor descriptor = opener.file(location.folder.get(), location.name.c_str());
+    if (!descriptor)
+        return std::nullopt;
+    const auto status = FileStatus::of(descriptor.get());
+    if (!status || status->type() != EntryType::regularFile)
+        return std::nullopt;
+    return OpenFile(std::move(descriptor), static_cast<std::uint64_t>(status->size()),
+                    status->identity());
+}
+
+} // namespace
+
+FileSystem::FileSystem(std::string root) : m_root(std::move(root)) {}
+
+bool FileSystem::exists(const Path& path) const {
+    const auto location = locate(m_opener, m_root, path, LastLink::follow);
+    return location && FileStatus::of(location->folder.get(), location->name.c_str());
+}
+
+bool FileSystem::isReadable(const Path& path) const {
+    const auto location = locate(m_opener, m_root, path, LastLink::follow);
+    return location &&
+           ::faccessat(location->folder.get(), location->name.c_str(), R_OK, AT_EACCESS) == 0;
+}
+
+std::optional<std::vector<DirectoryEntry>> FileSystem::list(const Path& path) const {
+    const auto location = locate(m_opener, m_root, path, LastLink::follow);
+    if (!location)
+        return std::nullopt;
+    DirectoryListing listing(m_opener.folder(location->folder.get(), location->name.c_str()));
+    if (!listing)
+        return std::nullopt;
+    std::vector<DirectoryEntry> entries;
+    while (const auto entry = listing.next())
+        entries.push_back({std::string(entry->name), entry->type});
+    std::ranges::sort(entries, {}, &DirectoryEntry::name);
+    return entries;
+}
+
+std::optional<ResourceValues> FileSystem::resourceValues(const Path& path) const {
+    const auto location = locate(m_opener, m_root, path, LastLink::keep);
+    if (!location)
+        return std::nullopt;
+    const auto status = FileStatus::of(location->folder.get(), location->name.c_str());
+    if (!status)
+        return std::nullopt;
+    return ResourceValues{status->type(), status->size(), status->modificationDate()};
+}
+
+Path FileSystem::resolvingLinks(const Path& path) const {
+    auto location = locate(m_opener, m_root, path, LastLink::follow);
+    return location ? std::move(location->path) : path;
+}
+
+std::optional<OpenFile> FileSystem::open(const Path& path) const {
+    const auto location = locate(m_opener, m_root, path, LastLink::follow);
+    if (!location)
+        return std::nullopt;
+    return openRegularFile(m_opener, *location);
+}
+
+std::optional<std::vector<std::uint8_t>> FileSystem::readWhole(const Path& path,
+                                                               std::uint64_t limit) const {
+    const auto file = open(path);
+    if (!file || file->size() > limit)
+        return std::nullopt;
+    return file->readExactly(0, static_cast<std::size_t>(file->size()));
+}
+
+bool FileSystem::walk(const Path& path, WalkVisitor& visitor) const {
+    const auto location = locate(m_opener, m_root, path, LastLink::follow);
+    if (!location)
+        return false;
+    Descriptor folder = m_opener.folder(location->folder.get(), location->name.c_str());
+    if (!folder)
+        return false;
+    TreeWalk(m_opener, visitor).run(std::move(folder));
+    return true;
+}
+
+} // namespace veridane

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/Date.h"
+#include "platform/OpenFile.h"
+#include "platform/Path.h"
+#include "platform/QuietOpener.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace veridane {
+
+class WalkVisitor;
+
+enum class EntryType : std::uint8_t { regularFile, directory, symbolicLink, other };
+
+struct DirectoryEntry {
+    std::string name; // bytes as on disk
+    EntryType type = EntryType::other;
+
+    bool operator==(const DirectoryEntry&) const = default;
+};
+
+/// What the file system knows of one entry.
+struct ResourceValues {
+    EntryType type = EntryType::other;
+    std::int64_t size = 0;                       // bytes, logical
+    std::optional<Date> contentModificationDate; // absent when out of the range of `Date`
+};
+
+/// The files of the examined Mac. Every operation takes paths of the Mac and works inside the root:
+/// absolute symbolic links restart there, ".." never leaves it, and a chain of more than 40 links
+/// leads nowhere. Nothing blocks, whatever stands at a path. Only reads, and leaves access times
+/// alone where the system allows it. Nothing is held open between calls. Safe on any thread.
+class FileSystem {
+public:
+    /// `root` is a directory of this machine; "/" examines the machine itself.
+    explicit FileSystem(std::string root);
+
+    /// Whether something stands at the path, links followed.
+    [[nodiscard]] bool exists(const Path& path) const;
+
+    /// Whether the process may read what stands at the path, links followed.
+    [[nodiscard]] bool isReadable(const Path& path) const;
+
+    /// The entries of a directory without the hidden ones, in ascending byte order of their names;
+    /// nothing if it cannot be listed. Follows a link at the path itself.
+    [[nodiscard]] std::optional<std::vector<DirectoryEntry>> list(const Path& path) const;
+
+    /// The values of the entry itself: a link at the end of the path is not followed.
+    [[nodiscard]] std::optional<ResourceValues> resourceValues(const Path& path) const;
+
+    /// The path with all links in it resolved. What does not exist, or cannot be resolved, stays as
+    /// it is written.
+    [[nodiscard]] Path resolvingLinks(const Path& path) const;
+
+    /// Opens a regular file for reading, links followed; nothing for anything else.
+    [[nodiscard]] std::optional<OpenFile> open(const Path& path) const;
+
+    /// The whole content of a regular file, links followed; nothing for a file of more than `limit`
+    /// bytes or one that cannot be read to its end.
+    [[nodiscard]] std::optional<std::vector<std::uint8_t>> readWhole(const Path& path,
+                                                                     std::uint64_t limit) const;
+
+    /// Visits everything below a directory but hidden entries and what is below them; see
+    /// `WalkVisitor`. A link at the path itself is followed, links below it are not. False if there
+    /// is no directory to walk.
+    bool walk(const Path& path, WalkVisitor& visitor) const;
+
+private:
+    std::string m_root;
+    QuietOpener m_opener;
+};
+
+} // namespace veridane

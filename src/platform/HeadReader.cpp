@@ -1,0 +1,81 @@
+#include "platform/HeadReader.h"
+
+#include "platform/FileStatus.h"
+
+#include <fcntl.h>
+#include <sys/uio.h>
+
+#include <cerrno>
+
+namespace veridane {
+namespace {
+
+// Each is an open descriptor; enough to keep a disk's queue full.
+constexpr std::size_t maxWaiting = 64;
+
+} // namespace
+
+HeadReader::HeadReader(const QuietOpener& opener, WalkVisitor& visitor)
+    : m_opener(opener), m_visitor(visitor) {}
+
+Descriptor HeadReader::open(const char* name) {
+    Descriptor descriptor = m_opener.file(m_folder, name);
+    if (!descriptor && (errno == EMFILE || errno == ENFILE) && !m_waiting.empty()) {
+        readWaiting();
+        descriptor = m_opener.file(m_folder, name);
+    }
+    return descriptor;
+}
+
+void HeadReader::read(const char* name, Answer answer) {
+    Descriptor descriptor = open(name);
+    const auto status =
+        descriptor ? FileStatus::of(descriptor.get()) : FileStatus::of(m_folder, name);
+    if (!status)
+        return;
+    answer.type = status->type(); // it may have been replaced since the listing
+    answer.size = status->size();
+    if (!descriptor || answer.type != EntryType::regularFile || answer.size == 0)
+        return;
+
+    Head head;
+    const int number = descriptor.get();
+    OpenFile file(std::move(descriptor), static_cast<std::uint64_t>(status->size()),
+                  status->identity());
+    if (const auto first = readWithoutWaiting(number, head)) {
+        answer.tag = m_visitor.classify(FileHead(file, *first));
+        return;
+    }
+    m_waiting.push_back({std::move(file), &answer.tag});
+    if (m_waiting.size() >= maxWaiting)
+        readWaiting();
+}
+
+std::optional<ByteView> HeadReader::readWithoutWaiting(int descriptor, Head& head) {
+#ifdef RWF_NOWAIT
+    if (m_canAskWithoutWaiting) {
+        const iovec target{head.data(), head.size()};
+        const auto got = ::preadv2(descriptor, &target, 1, 0, RWF_NOWAIT);
+        if (got >= 0)
+            return ByteView(std::span(head).first(static_cast<std::size_t>(got)));
+        if (errno == EAGAIN) {
+            ::posix_fadvise(descriptor, 0, static_cast<off_t>(head.size()), POSIX_FADV_WILLNEED);
+            return std::nullopt;
+        }
+        m_canAskWithoutWaiting = false; // not on this kernel, or not on this file system
+    }
+#endif
+    const auto got = ::pread(descriptor, head.data(), head.size(), 0);
+    return ByteView(std::span(head).first(got < 0 ? 0 : static_cast<std::size_t>(got)));
+}
+
+void HeadReader::readWaiting() {
+    for (const Waiting& waiting : m_waiting) {
+        Head head;
+        const ByteView first = waiting.file.read(0, head);
+        *waiting.tag = m_visitor.classify(FileHead(waiting.file, first));
+    }
+    m_waiting.clear();
+}
+
+} // namespace veridane

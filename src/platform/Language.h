@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace veridane {
+
+enum class Language { german, english };
+
+/// The language of every fixed text from now on. The one piece of state that the whole process
+/// shares; safe on any thread.
+void setLanguage(Language language);
+[[nodiscard]] Language language();
+
+/// The German text in the language in force; the German text itself where the table has no entry.
+[[nodiscard]] std::string localized(std::string_view german);
+
+/// The same, with `value` in place of the first "%@".
+[[nodiscard]] std::string localized(std::string_view german, std::string_view value);
+
+} // namespace veridane

@@ -1,0 +1,137 @@
+#include "platform/Locale.h"
+
+#include "platform/Language.h"
+#include "platform/Text.h"
+
+#include <unicode/coll.h>
+#include <unicode/datefmt.h>
+#include <unicode/locid.h>
+#include <unicode/measunit.h>
+#include <unicode/numberformatter.h>
+#include <unicode/timezone.h>
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+
+namespace veridane {
+namespace {
+
+icu::UnicodeString unicode(std::string_view text) {
+    return icu::UnicodeString::fromUTF8(
+        icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
+}
+
+std::string utf8(const icu::UnicodeString& text) {
+    std::string bytes;
+    return text.toUTF8String(bytes);
+}
+
+std::string localeOfLanguage() {
+    return language() == Language::english ? "en" : "de";
+}
+
+/// The identifier for a locale as POSIX spells it ("de_DE.UTF-8"); that of the language in force
+/// for C and POSIX, with or without an encoding, and for what is no locale at all.
+std::string localeNamed(const char* posixName) {
+    const auto locale = icu::Locale::createCanonical(posixName);
+    const std::string_view languageCode = locale.getLanguage();
+    const bool isReal = !locale.isBogus() &&
+                        (languageCode.size() == 2 || languageCode.size() == 3) &&
+                        std::string_view(locale.getVariant()) != "POSIX";
+    return isReal ? locale.getName() : localeOfLanguage();
+}
+
+} // namespace
+
+std::string userLocale() {
+    // LC_TIME rather than LC_COLLATE: many a developer keeps the latter at C for the sake of sort.
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0')
+            return localeNamed(value);
+    }
+    return localeOfLanguage();
+}
+
+struct Collation::Implementation {
+    std::unique_ptr<icu::Collator> collator; // none where ICU lacks its data
+};
+
+Collation::Collation(const std::string& locale)
+    : m_implementation(std::make_unique<Implementation>()) {
+    UErrorCode status = U_ZERO_ERROR;
+    auto& collator = m_implementation->collator;
+    collator.reset(icu::Collator::createInstance(icu::Locale(locale.c_str()), status));
+    if (U_FAILURE(status))
+        collator.reset();
+    // The second level tells accents apart, only the third one case.
+    if (collator)
+        collator->setStrength(icu::Collator::SECONDARY);
+}
+
+Collation::~Collation() = default;
+Collation::Collation(Collation&&) noexcept = default;
+Collation& Collation::operator=(Collation&&) noexcept = default;
+
+std::string Collation::key(std::string_view text) const {
+    const auto& collator = m_implementation->collator;
+    if (!collator)
+        return text::lowercased(text);
+
+    const auto characters = unicode(text);
+    std::array<std::uint8_t, 128> usual{}; // names are short: one call is enough for nearly all
+    const int32_t size =
+        collator->getSortKey(characters, usual.data(), static_cast<int32_t>(usual.size()));
+    if (size <= static_cast<int32_t>(usual.size()))
+        return std::string(usual.begin(), usual.begin() + size);
+    std::string key(static_cast<std::size_t>(size), '\0');
+    collator->getSortKey(characters, reinterpret_cast<std::uint8_t*>(key.data()), size);
+    return key;
+}
+
+std::string formatDateTime(Date date, const std::string& locale, const std::string& timeZone) {
+    const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateTimeInstance(
+        icu::DateFormat::MEDIUM, icu::DateFormat::SHORT, icu::Locale(locale.c_str())));
+    if (!format)
+        return formatISO8601(date);
+    if (!timeZone.empty())
+        format->adoptTimeZone(icu::TimeZone::createTimeZone(unicode(timeZone)));
+    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date);
+    icu::UnicodeString text;
+    return utf8(format->format(static_cast<UDate>(milliseconds.time_since_epoch().count()), text));
+}
+
+std::string formatByteCount(std::int64_t bytes, const std::string& locale) {
+    const struct {
+        icu::MeasureUnit unit;
+        UNumberUnitWidth width; // "512 bytes", but "12 kB"
+        int digits;             // behind the point
+    } steps[] = {
+        {icu::MeasureUnit::getByte(), UNUM_UNIT_WIDTH_FULL_NAME, 0},
+        {icu::MeasureUnit::getKilobyte(), UNUM_UNIT_WIDTH_SHORT, 0},
+        {icu::MeasureUnit::getMegabyte(), UNUM_UNIT_WIDTH_SHORT, 1},
+        {icu::MeasureUnit::getGigabyte(), UNUM_UNIT_WIDTH_SHORT, 2},
+        {icu::MeasureUnit::getTerabyte(), UNUM_UNIT_WIDTH_SHORT, 2},
+        {icu::MeasureUnit::getPetabyte(), UNUM_UNIT_WIDTH_SHORT, 2},
+    };
+    // From here on rounding gives "1,000", which is better said in the next unit.
+    constexpr double nextUnit = 999.5;
+    auto value = static_cast<double>(bytes);
+    const auto* step = std::begin(steps);
+    while (value >= nextUnit && step + 1 != std::end(steps)) {
+        value /= 1000;
+        ++step;
+    }
+
+    UErrorCode status = U_ZERO_ERROR;
+    const auto formatted = icu::number::NumberFormatter::withLocale(icu::Locale(locale.c_str()))
+                               .unit(step->unit)
+                               .unitWidth(step->width)
+                               .precision(icu::number::Precision::maxFraction(step->digits))
+                               .formatDouble(value, status);
+    const auto text = formatted.toString(status);
+    return U_SUCCESS(status) ? utf8(text) : std::to_string(bytes);
+}
+
+} // namespace veridane

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/Date.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace veridane {
+
+/// The user's locale, as an identifier such as "de_DE". An environment that names none (unset, C or
+/// POSIX) gives the language in force instead: sorting capitals first or dates in a programmer's
+/// form would help nobody.
+[[nodiscard]] std::string userLocale();
+
+/// The order of names as people expect it: by the locale's alphabet, with case playing no part.
+/// Thread-compatible.
+class Collation {
+public:
+    explicit Collation(const std::string& locale = userLocale());
+    ~Collation();
+    Collation(Collation&&) noexcept;
+    Collation& operator=(Collation&&) noexcept;
+
+    /// Bytes whose plain comparison orders texts; equal for texts that differ in case alone.
+    [[nodiscard]] std::string key(std::string_view text) const;
+
+private:
+    struct Implementation;
+    std::unique_ptr<Implementation> m_implementation;
+};
+
+/// A medium date and a short time, such as "01.03.2027, 10:30". An empty time zone means the
+/// user's; else it is an identifier such as "Europe/Berlin".
+[[nodiscard]] std::string formatDateTime(Date date, const std::string& locale = userLocale(),
+                                         const std::string& timeZone = {});
+
+/// A size for people, in steps of 1000 with at most one digit behind the point: "1,2 MB".
+[[nodiscard]] std::string formatByteCount(std::int64_t bytes,
+                                          const std::string& locale = userLocale());
+
+} // namespace veridane

@@ -1,0 +1,118 @@
+#include "platform/PathLookup.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <climits>
+#include <vector>
+
+namespace veridane {
+namespace {
+
+constexpr int maxLinks = 40; // as many as Linux itself follows
+
+class Lookup {
+public:
+    Lookup(const QuietOpener& opener, const std::string& root) : m_opener(opener), m_root(root) {}
+
+    std::optional<Location> run(const Path& path, LastLink lastLink) {
+        if (path.bytes().find('\0') != std::string::npos || !restart())
+            return std::nullopt;
+        push(path.bytes());
+        while (!m_pending.empty()) {
+            const std::string component = std::move(m_pending.back());
+            m_pending.pop_back();
+            const bool isLast = m_pending.empty();
+            if (component == "..") {
+                if (!goUp())
+                    return std::nullopt;
+            } else if (isLast) {
+                if (lastLink == LastLink::keep || !followLink(component))
+                    return found(component);
+            } else if (!goDown(component) && !followLink(component)) {
+                return std::nullopt;
+            }
+            if (m_links > maxLinks)
+                return std::nullopt;
+        }
+        return Location{std::move(m_folder), ".", Path(m_resolved)};
+    }
+
+private:
+    bool restart() {
+        m_resolved.clear();
+        // The root itself is a path of this machine and may be a link.
+        m_folder = Descriptor(::open(m_root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        return static_cast<bool>(m_folder);
+    }
+
+    void push(std::string_view components) {
+        while (!components.empty()) {
+            const std::size_t slash = components.rfind('/');
+            const std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
+            const std::string_view component = components.substr(start);
+            if (!component.empty() && component != ".")
+                m_pending.emplace_back(component);
+            components = components.substr(0, start == 0 ? 0 : slash);
+        }
+    }
+
+    bool goDown(const std::string& component) {
+        Descriptor next = m_opener.passage(m_folder.get(), component.c_str());
+        if (!next)
+            return false;
+        m_folder = std::move(next);
+        m_resolved += '/';
+        m_resolved += component;
+        return true;
+    }
+
+    bool goUp() {
+        const std::string above = m_resolved.substr(0, m_resolved.rfind('/'));
+        if (!restart())
+            return false;
+        // Down again from the root and not through "..", which would leave it after a move.
+        std::size_t start = 1;
+        while (start < above.size()) {
+            const std::size_t end = std::min(above.find('/', start), above.size());
+            if (!goDown(above.substr(start, end - start)))
+                return false;
+            start = end + 1;
+        }
+        return true;
+    }
+
+    bool followLink(const std::string& component) {
+        char target[PATH_MAX];
+        const auto length = ::readlinkat(m_folder.get(), component.c_str(), target, sizeof target);
+        if (length <= 0 || length == sizeof target)
+            return false;
+        ++m_links;
+        const std::string_view text(target, static_cast<std::size_t>(length));
+        if (text.front() == '/' && !restart())
+            return false;
+        push(text);
+        return true;
+    }
+
+    Location found(const std::string& component) {
+        return {std::move(m_folder), component, Path(m_resolved) / component};
+    }
+
+    const QuietOpener& m_opener;
+    const std::string& m_root;
+    Descriptor m_folder;
+    std::string m_resolved; // the components of m_folder, each behind a slash; empty for the root
+    std::vector<std::string> m_pending; // the next one last
+    int m_links = 0;
+};
+
+} // namespace
+
+std::optional<Location> locate(const QuietOpener& opener, const std::string& root, const Path& path,
+                               LastLink lastLink) {
+    return Lookup(opener, root).run(path, lastLink);
+}
+
+} // namespace veridane

@@ -1,0 +1,55 @@
+#include "platform/QuietOpener.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+
+namespace veridane {
+namespace {
+
+constexpr int always = O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+#ifdef O_NOATIME
+constexpr int withoutAccessTime = O_NOATIME;
+#else
+constexpr int withoutAccessTime = 0;
+#endif
+#ifdef O_PATH
+constexpr int search = O_PATH;
+#else
+constexpr int search = O_SEARCH;
+#endif
+
+Descriptor openAt(int folder, const char* name, int flags) {
+    int descriptor = -1;
+    do
+        descriptor = ::openat(folder, name, flags);
+    while (descriptor < 0 && errno == EINTR);
+    return Descriptor(descriptor);
+}
+
+} // namespace
+
+Descriptor QuietOpener::open(int folder, const char* name, int flags) const {
+    if (withoutAccessTime != 0 && m_keepsAccessTimes.load(std::memory_order_relaxed)) {
+        Descriptor quiet = openAt(folder, name, flags | withoutAccessTime);
+        if (quiet || errno != EPERM)
+            return quiet;
+        // Only an owner may ask for this. A disk of somebody else's would refuse it at every file.
+        m_keepsAccessTimes.store(false, std::memory_order_relaxed);
+    }
+    return openAt(folder, name, flags);
+}
+
+Descriptor QuietOpener::file(int folder, const char* name) const {
+    return open(folder, name, always);
+}
+
+Descriptor QuietOpener::folder(int folder, const char* name) const {
+    return open(folder, name, always | O_DIRECTORY);
+}
+
+Descriptor QuietOpener::passage(int folder, const char* name) const {
+    return openAt(folder, name, search | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
+}
+
+} // namespace veridane

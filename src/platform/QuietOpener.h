@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Descriptor.h"
+
+#include <atomic>
+
+namespace veridane {
+
+/// Opens files and folders for reading without leaving a trace or waiting: close-on-exec, never
+/// blocking on a FIFO, never through a link at the last component, and without a new access time as
+/// long as the system has not refused that once. Safe on any thread.
+class QuietOpener {
+public:
+    /// An invalid descriptor after a failure, with `errno` set.
+    [[nodiscard]] Descriptor file(int folder, const char* name) const;
+    [[nodiscard]] Descriptor folder(int folder, const char* name) const;
+
+    /// A folder only to go through: needs no permission to list it.
+    [[nodiscard]] Descriptor passage(int folder, const char* name) const;
+
+private:
+    [[nodiscard]] Descriptor open(int folder, const char* name, int flags) const;
+
+    mutable std::atomic<bool> m_keepsAccessTimes{true};
+};
+
+} // namespace veridane

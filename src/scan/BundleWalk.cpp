@@ -1,0 +1,126 @@
+#include "scan/BundleWalk.h"
+
+#include "platform/Text.h"
+#include "platform/WalkVisitor.h"
+#include "scan/MachOInspector.h"
+
+#include <array>
+#include <limits>
+
+namespace veridane {
+namespace {
+
+// Beyond these a bundle is measured, no longer probed: it would be a whole tool chain.
+constexpr int maxProbedFiles = 4000;
+
+// What a file's content means for its bundle; travels as the tag of its entry.
+enum Content : std::uint8_t { noCode = 0, runsNatively = 1, needsRosetta = 2, incompatible = 3 };
+constexpr std::uint8_t contentMask = 0x03;
+constexpr std::uint8_t isMainFile = 0x80; // the same file as the main executable, by any name
+
+Content contentOf(CompatibilityStatus status) {
+    switch (status) {
+    case CompatibilityStatus::native:
+    case CompatibilityStatus::unknown:
+        return runsNatively;
+    case CompatibilityStatus::needsRosetta:
+        return needsRosetta;
+    case CompatibilityStatus::incompatible:
+        return incompatible;
+    }
+    return runsNatively;
+}
+
+class Probe : public WalkVisitor {
+public:
+    Probe(const FileSystem& files, const Path& bundle, const std::optional<Path>& mainExecutable)
+        : m_files(files), m_bundle(bundle) {
+        if (!mainExecutable)
+            return;
+        m_mainExecutable = files.resolvingLinks(*mainExecutable);
+        if (const auto file = files.open(m_mainExecutable))
+            m_mainIdentity = file->identity();
+    }
+
+    [[nodiscard]] WalkDetail detail() const override {
+        return m_probed < maxProbedFiles ? WalkDetail::classifying : WalkDetail::sizes;
+    }
+
+    std::uint8_t classify(const FileHead& file) override {
+        if (!MachOInspector::isMachOFile(file.first()))
+            return noCode;
+        std::array<std::uint8_t, MachOInspector::maxHeaderSize> header;
+        const auto report = MachOInspector::inspect(file.read(header));
+        const std::uint8_t tag = contentOf(report.compatibilityStatus());
+        return m_mainIdentity == file.identity() ? tag | isMainFile : tag;
+    }
+
+    Next visit(const WalkEntry& entry) override {
+        if (entry.type == EntryType::regularFile) {
+            addSize(entry.size);
+            if (entry.tag != noCode && m_probed < maxProbedFiles) {
+                ++m_probed;
+                addIfComponent(entry);
+            }
+        }
+        return Next::descend;
+    }
+
+    [[nodiscard]] BundleWalk result() && { return std::move(m_result); }
+
+private:
+    void addSize(std::int64_t size) {
+        // A damaged disk can state any sizes.
+        constexpr auto most = std::numeric_limits<std::int64_t>::max();
+        if (size > 0)
+            m_result.sizeOnDisk =
+                size > most - m_result.sizeOnDisk ? most : m_result.sizeOnDisk + size;
+    }
+
+    void addIfComponent(const WalkEntry& entry) {
+        const auto content = static_cast<Content>(entry.tag & contentMask);
+        if (content == runsNatively)
+            return;
+        const Path path = m_bundle / entry.relativePath;
+        // A second hard link to the main executable is a file of its own: it stays behind as well.
+        if ((entry.tag & isMainFile) != 0 && m_files.resolvingLinks(path) == m_mainExecutable)
+            return;
+        m_result.intelComponents.push_back(relativeComponentPath(path, m_bundle));
+        if (content == incompatible)
+            m_result.worstStatus = CompatibilityStatus::incompatible;
+        else if (!m_result.worstStatus)
+            m_result.worstStatus = CompatibilityStatus::needsRosetta;
+    }
+
+    const FileSystem& m_files;
+    const Path& m_bundle;
+    Path m_mainExecutable;
+    std::optional<FileIdentity> m_mainIdentity;
+    int m_probed = 0;
+    BundleWalk m_result;
+};
+
+std::string_view trimmedSlashes(std::string_view path) {
+    const std::size_t first = path.find_first_not_of('/');
+    if (first == std::string_view::npos)
+        return {};
+    return path.substr(first, path.find_last_not_of('/') - first + 1);
+}
+
+} // namespace
+
+BundleWalk walkBundle(const FileSystem& files, const Path& bundle,
+                      const std::optional<Path>& mainExecutable) {
+    Probe probe(files, bundle, mainExecutable);
+    files.walk(bundle, probe);
+    return std::move(probe).result();
+}
+
+std::string relativeComponentPath(const Path& file, const Path& bundle) {
+    const std::string_view path = file.bytes();
+    if (path.starts_with(bundle.bytes()))
+        return text::validUtf8(trimmedSlashes(path.substr(bundle.bytes().size())));
+    return text::validUtf8(file.name());
+}
+
+} // namespace veridane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/ArchitectureReport.h"
+#include "platform/ByteView.h"
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+
+/// For which processors a file holds code. Looks at header bytes only: the magic, the universal
+/// table, CPU type and subtype. Formats: Mach-O (mach_header, mach_header_64) and universal
+/// (fat_header with fat_arch or fat_arch_64). Safe on any thread.
+namespace veridane::MachOInspector {
+
+/// The most bytes that `inspect` looks at: a universal header with 63 entries of 32 bytes. A Java
+/// class file begins with the same magic, and its version number stands where the count would be;
+/// the limit keeps most of them out.
+inline constexpr std::size_t maxTableEntries = 63;
+inline constexpr std::size_t maxHeaderSize = 8 + maxTableEntries * 32;
+
+/// Whether the bytes begin like a Mach-O or universal file, in either byte order.
+[[nodiscard]] bool isMachOFile(ByteView header);
+
+/// The report of a file whose first bytes are given; `header` has `maxHeaderSize` bytes unless the
+/// file is shorter. A table that is cut off gives the entries that are whole; everything that
+/// cannot be read gives the empty report.
+[[nodiscard]] ArchitectureReport inspect(ByteView header);
+
+/// The same for a file on the volume, links followed. What is missing or no regular file is no
+/// Mach-O file.
+[[nodiscard]] bool isMachOFile(const FileSystem& files, const Path& file);
+[[nodiscard]] ArchitectureReport inspect(const FileSystem& files, const Path& file);
+
+} // namespace veridane::MachOInspector

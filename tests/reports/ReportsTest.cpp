@@ -1,0 +1,130 @@
+#include "reports/ReportExporter.h"
+
+#include <gtest/gtest.h>
+
+namespace veridane::ReportExporter {
+namespace {
+
+const std::string csvHeader =
+    "Name;Art;Status;Architektur;VersteckteRosettaHelfer;Hersteller;TeamID;Version;Build;Kategorie;"
+    "UpdateQuelle;UpdateErgebnis;Pfad";
+
+ScanItem item(std::string name, std::vector<CPUArch> architectures,
+              std::vector<std::string> components = {}) {
+    ScanItem item;
+    item.name = std::move(name);
+    item.kind = ItemKind::application;
+    item.architecture = {std::move(architectures), true};
+    item.status = item.architecture.compatibilityStatus();
+    item.intelComponents = std::move(components);
+    item.path = "/Applications/" + item.name + ".app";
+    return item;
+}
+
+std::vector<ScanItem> sampleItems() {
+    ScanItem full = item("A \"B\"", {CPUArch::x86_64}, {"Contents/a"});
+    full.bundleIdentifier = "com.acme.a";
+    full.version = "1;2";
+    full.buildNumber = "7";
+    full.vendor = "Acme\nGmbH";
+    full.teamIdentifier = "T1";
+    full.categoryDescription = "Spiele, Ä";
+    full.sizeOnDisk = 1234567890123;
+    full.updateSource = UpdateSource::sparkle;
+    full.updateResult = UpdateCheckResult::checking();
+    ScanItem wrapper = item("zebra", {CPUArch::arm64});
+    wrapper.architecture.isMachO = false;
+    wrapper.status = CompatibilityStatus::unknown;
+    return {full,
+            wrapper,
+            item("Äpfel", {CPUArch::x86_64}),
+            item("apfel", {CPUArch::x86_64, CPUArch::i386}),
+            item("Apfel", {CPUArch::x86_64}),
+            item("Alt", {CPUArch::ppc}),
+            item("Halb", {CPUArch::arm64, CPUArch::x86_64}, {"b", "c"})};
+}
+
+const Setting setting{*parseISO8601("2027-03-01T22:30:00Z"), "de_DE", "Asia/Tokyo"};
+
+TEST(CsvReport, QuotesACellOnlyForSeparatorsQuotesAndLineFeeds) {
+    const auto items = sampleItems();
+    EXPECT_EQ(csvReport(std::span(items).first(2)),
+              csvHeader +
+                  "\n\"A \"\"B\"\"\";Programme;Benötigt Rosetta;x86_64;1;\"Acme\nGmbH\";T1;\"1;2\";"
+                  "7;Spiele, Ä;Sparkle (Auto-Update);Prüfe …;\"/Applications/A \"\"B\"\".app\""
+                  "\nzebra;Programme;Unbekannt;—;;;;;;;Unbekannt;—;/Applications/zebra.app");
+    EXPECT_EQ(csvReport({}), csvHeader);
+}
+
+TEST(JsonReport, HasEveryKeyInOrderAndItsOwnLayout) {
+    ScanItem half = sampleItems().front();
+    half.bundleIdentifier = half.version = half.categoryDescription = std::nullopt;
+    half.architecture.architectures.push_back(CPUArch::i386);
+    half.intelComponents.clear();
+    EXPECT_EQ(jsonReport({&half, 1}, setting), R"({
+  "generatedAt" : "2027-03-01T22:30:00Z",
+  "itemCount" : 1,
+  "items" : [
+    {
+      "architectures" : [
+        "x86_64",
+        "i386"
+      ],
+      "buildNumber" : "7",
+      "bundleIdentifier" : null,
+      "category" : null,
+      "hasHiddenRosettaDependency" : false,
+      "intelComponents" : [],
+      "isUniversal" : true,
+      "kind" : "application",
+      "name" : "A \"B\"",
+      "path" : "\/Applications\/A \"B\".app",
+      "sizeBytes" : 1234567890123,
+      "status" : "needsRosetta",
+      "teamIdentifier" : "T1",
+      "updateResult" : "Prüfe …",
+      "updateSource" : "sparkle",
+      "vendor" : "Acme\nGmbH",
+      "version" : null
+    }
+  ],
+  "tool" : "Veridane"
+})");
+    half.name = "\xFF";
+    EXPECT_EQ(jsonReport({&half, 1}, setting), std::nullopt) << "text that is no UTF-8";
+}
+
+TEST(MarkdownReport, SortsEachSectionByNameAndLeavesEmptyOnesOut) {
+    const auto items = sampleItems();
+    EXPECT_EQ(markdownReport(items, setting), R"(# Veridane-Bericht
+
+Erstellt am 02.03.2027, 07:30
+
+- Gescannte Objekte: **7**
+- Benötigen Rosetta: **4**
+- Nicht lauffähig (32-Bit/PPC): **1**
+- Native Apps mit versteckten Rosetta-Helfern: **1**
+
+## Benötigen Rosetta 2
+
+- **A "B"** — Acme
+GmbH (x86_64)
+- **apfel** (x86_64 + i386)
+- **Apfel** (x86_64)
+- **Äpfel** (x86_64)
+
+## Nicht lauffähig auf Apple Silicon
+
+- **Alt** (ppc)
+
+## Versteckte Rosetta-Abhängigkeiten
+
+- **Halb** (arm64 + x86_64)
+
+)");
+    const std::string nothingFound = markdownReport(std::span(items).subspan(1, 1), setting);
+    EXPECT_TRUE(nothingFound.ends_with("Rosetta-Helfern: **0**\n\n")) << nothingFound;
+}
+
+} // namespace
+} // namespace veridane::ReportExporter
