@@ -65,7 +65,7 @@ Value valueOf(const Names<Value>& names, const std::string& name) {
 template <typename Value>
 CLI::Validator oneOf(const Names<Value>& names) {
     return CLI::Validator(
-        [&names](const std::string& given) {
+        [names](const std::string& given) {
             const bool known =
                 std::ranges::any_of(names, [&](const auto& entry) { return entry.first == given; });
             return known ? std::string() : "\"" + given + "\" is none of " + listed(names);

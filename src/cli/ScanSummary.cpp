@@ -38,7 +38,8 @@ std::vector<Judged> judge(std::span<const ScanItem> items) {
 }
 
 Row rowOf(const ScanItem& item) {
-    return {item.name, item.architecture.summaryText(), item.vendor.value_or("—"), item.path};
+    return {text::printable(item.name), item.architecture.summaryText(),
+            text::printable(item.vendor.value_or("—")), text::printable(item.path)};
 }
 
 // Of all columns but the last, which nothing stands behind.
@@ -83,7 +84,7 @@ std::string groupsOf(std::span<const Judged> needy, const Style& style) {
         text += "  " + style.bold(padded(rows[i][0], widths[0]));
         text += "  " + padded(rows[i][1], widths[1]);
         text += "  " + padded(rows[i][2], widths[2]);
-        text += "  " + style.dim(text::printable(rows[i][3])) + "\n";
+        text += "  " + style.dim(rows[i][3]) + "\n";
     }
     return text;
 }

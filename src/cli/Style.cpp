@@ -35,8 +35,8 @@ std::string Style::wrapped(std::string_view sequence, std::string_view text) con
 }
 
 std::string padded(std::string_view text, std::size_t width) {
-    std::string result = text::printable(text);
-    const std::size_t used = text::displayWidth(result);
+    std::string result(text);
+    const std::size_t used = text::displayWidth(text);
     if (used < width)
         result.append(width - used, ' ');
     return result;

@@ -22,7 +22,7 @@ private:
     bool m_coloured;
 };
 
-/// The text, made harmless for a terminal and filled with blanks to `width` columns.
+/// Printable text, filled with blanks to `width` columns.
 [[nodiscard]] std::string padded(std::string_view text, std::size_t width);
 
 } // namespace veridane::cli

@@ -36,7 +36,8 @@ private:
 [[nodiscard]] std::string formatDateTime(Date date, const std::string& locale = userLocale(),
                                          const std::string& timeZone = {});
 
-/// A size for people, in steps of 1000 with at most one digit behind the point: "1,2 MB".
+/// A size for people, in steps of 1000 and with the digits that a Mac shows: "512 Byte", "12 kB",
+/// "1,2 MB", "3,45 GB".
 [[nodiscard]] std::string formatByteCount(std::int64_t bytes,
                                           const std::string& locale = userLocale());
 

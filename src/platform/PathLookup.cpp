@@ -19,7 +19,8 @@ public:
     std::optional<Location> run(const Path& path, LastLink lastLink) {
         if (path.bytes().find('\0') != std::string::npos || !restart())
             return std::nullopt;
-        push(path.bytes());
+        if (!goStraight(path))
+            push(path.bytes());
         while (!m_pending.empty()) {
             const std::string component = std::move(m_pending.back());
             m_pending.pop_back();
@@ -56,6 +57,23 @@ private:
                 m_pending.emplace_back(component);
             components = components.substr(0, start == 0 ? 0 : slash);
         }
+    }
+
+    /// Nearly every path is free of links. The system can say so and open the last folder in one
+    /// step, which halves what a lookup costs.
+    bool goStraight(const Path& path) {
+        const std::string& bytes = path.bytes();
+        const std::size_t slash = bytes.rfind('/');
+        if (slash == 0 || bytes.find("/.") != std::string::npos)
+            return false;
+        std::string above = bytes.substr(0, slash);
+        Descriptor folder = m_opener.straightPassage(m_folder.get(), above.c_str() + 1);
+        if (!folder)
+            return false;
+        m_folder = std::move(folder);
+        m_resolved = std::move(above);
+        push(bytes.substr(slash));
+        return true;
     }
 
     bool goDown(const std::string& component) {

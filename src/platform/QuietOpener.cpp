@@ -52,4 +52,16 @@ Descriptor QuietOpener::passage(int folder, const char* name) const {
     return openAt(folder, name, search | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
 }
 
+Descriptor QuietOpener::straightPassage([[maybe_unused]] int folder,
+                                        [[maybe_unused]] const char* path) const {
+#ifdef SYS_openat2
+    open_how how{};
+    how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
+    return Descriptor(static_cast<int>(::syscall(SYS_openat2, folder, path, &how, sizeof how)));
+#else
+    return {};
+#endif
+}
+
 } // namespace veridane

@@ -18,6 +18,10 @@ public:
     /// A folder only to go through: needs no permission to list it.
     [[nodiscard]] Descriptor passage(int folder, const char* name) const;
 
+    /// The same for a folder several names down, if there is neither a link nor ".." on the way.
+    /// Always invalid where the system cannot tell.
+    [[nodiscard]] Descriptor straightPassage(int folder, const char* path) const;
+
 private:
     [[nodiscard]] Descriptor open(int folder, const char* name, int flags) const;
 

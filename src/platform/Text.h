@@ -16,14 +16,14 @@ namespace veridane::text {
 [[nodiscard]] std::string lowercased(std::string_view text);
 
 /// Each word begins with a capital letter and goes on in lower case: "action games" gives
-/// "Action Games".
+/// "Action Games". A word is a run of letters, so that "1password" gives "1Password".
 [[nodiscard]] std::string capitalized(std::string_view text);
 
 /// Without Unicode white space at both ends.
 [[nodiscard]] std::string trimmed(std::string_view text);
 
 /// Makes text harmless for a terminal or a log line: control, format and line-separating
-/// characters become U+FFFD.
+/// characters become U+FFFD, save the joiners that some scripts and emoji are spelled with.
 [[nodiscard]] std::string printable(std::string_view text);
 
 /// Columns that the text takes in a terminal: 2 for wide characters, 0 for combining ones.

@@ -120,7 +120,7 @@ TEST_F(Commands, TheSummaryCountsAndThenListsWhatNeedsAttention) {
               "Handlungsbedarf: 2\n"
               "\n"
               "● Benötigt Rosetta 2\n"
-              "  Näher       x86_64  Example  /Applications/Näher.app\n"
+              "  Näher      x86_64  Example  /Applications/Näher.app\n"
               "\n"
               "● Läuft weiter – Intel-Teile benötigen Rosetta 2\n"
               "  Evil\uFFFD[31m  arm64   —        /Applications/Evil\uFFFD[31m.app\n");

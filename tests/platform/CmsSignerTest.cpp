@@ -1,82 +1,72 @@
 #include "platform/CmsSigner.h"
 
-#include "support/MachOBuilder.h"
 #include "support/SignatureBuilder.h"
 
 #include <gtest/gtest.h>
 #include <openssl/cms.h>
-#include <openssl/crypto.h>
 #include <openssl/err.h>
 #include <openssl/x509.h>
 
 #include <algorithm>
-#include <memory>
-#include <string_view>
+#include <array>
+#include <string>
 
 namespace veridane::test {
 namespace {
 
 using Spec = SignatureSpec;
 
-/// The subject of the signer's certificate as OpenSSL's own decoder finds it. The certificate also
-/// has to be the last of the chain, as it is in real signatures.
-std::string subjectByFullDecoder(const Bytes& bytes) {
+/// What OpenSSL's own decoder finds, if the signer's certificate is the last one, as in real
+/// chains.
+std::string summaryByFullDecoder(const Bytes& bytes) {
     const unsigned char* at = bytes.data();
-    const std::unique_ptr<CMS_ContentInfo, decltype(&CMS_ContentInfo_free)> cms(
-        d2i_CMS_ContentInfo(nullptr, &at, static_cast<long>(bytes.size())), &CMS_ContentInfo_free);
-    if (!cms)
-        return "not a CMS";
-    STACK_OF(X509)* certificates = CMS_get1_certs(cms.get());
-    const X509* last = sk_X509_value(certificates, sk_X509_num(certificates) - 1);
-    CMS_SignerInfo* signer = sk_CMS_SignerInfo_value(CMS_get0_SignerInfos(cms.get()), 0);
-    std::string subject = "not the last certificate";
-    if (CMS_SignerInfo_cert_cmp(signer, const_cast<X509*>(last)) == 0) {
-        char* line = X509_NAME_oneline(X509_get_subject_name(last), nullptr, 0);
-        subject = line;
-        OPENSSL_free(line);
+    CMS_ContentInfo* cms = d2i_CMS_ContentInfo(nullptr, &at, static_cast<long>(bytes.size()));
+    STACK_OF(X509)* certificates = CMS_get1_certs(cms);
+    X509* last = sk_X509_value(certificates, sk_X509_num(certificates) - 1);
+    std::array<char, 256> text{};
+    if (CMS_SignerInfo_cert_cmp(sk_CMS_SignerInfo_value(CMS_get0_SignerInfos(cms), 0), last) == 0) {
+        for (const int kind : {NID_pkcs9_emailAddress, NID_organizationName,
+                               NID_organizationalUnitName, NID_commonName})
+            X509_NAME_get_text_by_NID(X509_get_subject_name(last), kind, text.data(), text.size());
     }
     sk_X509_pop_free(certificates, X509_free);
-    return subject;
+    CMS_ContentInfo_free(cms);
+    return text.data();
 }
 
 /// The same elements with every length left open, and the signer's key identifier in pieces.
 Bytes withOpenLengths(const unsigned char* at, const unsigned char* end) {
     Bytes result;
+    const auto append = [&result](const Bytes& bytes) {
+        result.insert(result.end(), bytes.begin(), bytes.end());
+    };
     while (at < end) {
         const std::uint8_t first = *at;
         long length = 0;
         int tag = 0, tagClass = 0;
         const int form = ASN1_get_object(&at, &length, &tag, &tagClass, end - at);
-        const bool isKeyIdentifier = first == 0x80 && length == 2;
-        const auto append = [&result](const Bytes& bytes) {
-            result.insert(result.end(), bytes.begin(), bytes.end());
-        };
-        if (isKeyIdentifier) {
-            append({0xA0, 0x80, 0x04, 1, at[0], 0x24, 0x80, 0x04, 1, at[1], 0, 0, 0, 0});
-        } else if ((form & V_ASN1_CONSTRUCTED) != 0) {
-            append({first, 0x80});
-            append(withOpenLengths(at, at + length));
-            append({0, 0});
-        } else {
-            append({first, 0x82, static_cast<std::uint8_t>(length >> 8),
-                    static_cast<std::uint8_t>(length)});
-            append(Bytes(at, at + length));
-        }
+        const Bytes content(at, at + length);
         at += length;
+        if (first == 0x80 && length == 2) {
+            append({0xA0, 0x80, 0x04, 1, content[0], 0x24, 0x80, 0x04, 1, content[1], 0, 0, 0, 0});
+            continue;
+        }
+        const bool isConstructed = (form & V_ASN1_CONSTRUCTED) != 0;
+        append({first, static_cast<std::uint8_t>(isConstructed ? 0x80 : 0x82)});
+        append(isConstructed ? withOpenLengths(at - length, at)
+                             : Bytes{static_cast<std::uint8_t>(length >> 8),
+                                     static_cast<std::uint8_t>(length)});
+        append(isConstructed ? Bytes{0, 0} : content);
     }
     return result;
 }
 
 /// The sample with the last occurrence of some bytes replaced by as many others.
 Bytes damaged(Bytes sample, const Bytes& from, const Bytes& to) {
-    const auto found = std::ranges::find_end(sample, from);
-    EXPECT_FALSE(found.empty()) << "the sample lacks what is to be damaged";
-    std::ranges::copy(to, found.begin());
+    const auto found = std::find_end(sample.begin(), sample.end(), from.begin(), from.end());
+    EXPECT_NE(found, sample.end()) << "the sample lacks what is to be damaged";
+    std::ranges::copy(to, found);
     return sample;
-}
-
-Bytes bytesOfText(std::string_view text) {
-    return {text.begin(), text.end()};
 }
 
 const Spec developer{.leafCommonName = "Developer ID Application: Grüne Wiese GmbH (ABCDE12345)",
@@ -87,29 +77,28 @@ const Spec developer{.leafCommonName = "Developer ID Application: Grüne Wiese G
 
 TEST(CmsSigner, FindsTheCertificateThatTheFullDecoderFinds) {
     const struct {
-        const char* what;
         Spec spec;
         const char* summary;
     } cases[] = {
-        {"common name", developer, "Developer ID Application: Grüne Wiese GmbH (ABCDE12345)"},
-        {"unit", {.leafOrganisationalUnit = "Unit", .leafOrganisation = "Firm"}, "Unit"},
-        {"organisation", {.leafOrganisation = "Firm", .leafEmail = "a@example.com"}, "Firm"},
-        {"e-mail", {.leafEmail = "a@example.com"}, "a@example.com"},
+        {developer, "Developer ID Application: Grüne Wiese GmbH (ABCDE12345)"},
+        {{.leafOrganisationalUnit = "Unit", .leafOrganisation = "Firm"}, "Unit"},
+        {{.leafOrganisation = "Firm", .leafEmail = "a@example.com"}, "Firm"},
+        {{.leafEmail = "a@example.com"}, "a@example.com"},
     };
     for (const auto& c : cases) {
         for (unsigned variant = 0; variant < 8; ++variant) {
-            SCOPED_TRACE(std::string(c.what) + ", variant " + std::to_string(variant));
+            SCOPED_TRACE(std::string(c.summary) + ", variant " + std::to_string(variant));
             Spec spec = c.spec;
             spec.signerByKeyIdentifier = (variant & 1) != 0;
             spec.withTimeStamp = (variant & 2) != 0;
             spec.indefiniteLengths = (variant & 4) != 0;
             const Bytes cms = cmsFile(spec);
-            EXPECT_NE(subjectByFullDecoder(cms).find("/UID=UID1234567"), std::string::npos);
+            EXPECT_EQ(summaryByFullDecoder(cms), c.summary);
             EXPECT_EQ(signerSubjectSummary(ByteView(cms)), c.summary);
             if (spec.indefiniteLengths)
                 continue;
             const Bytes open = withOpenLengths(cms.data(), cms.data() + cms.size());
-            EXPECT_EQ(subjectByFullDecoder(open), subjectByFullDecoder(cms));
+            EXPECT_EQ(summaryByFullDecoder(open), c.summary);
             EXPECT_EQ(signerSubjectSummary(ByteView(open)), c.summary);
         }
     }
@@ -120,7 +109,6 @@ TEST(CmsSigner, NamesNobodyWhereTheSignersCertificateIsNotFound) {
     plain.withTimeStamp = byKey.withTimeStamp = false;
     byKey.signerByKeyIdentifier = true;
     const Bytes sample = cmsFile(plain), sampleByKey = cmsFile(byKey);
-    ASSERT_TRUE(signerSubjectSummary(ByteView(sample)));
     Bytes nested;
     for (int i = 0; i < 500'000; ++i)
         nested.insert(nested.end(), {0x30, 0x80});
@@ -132,7 +120,7 @@ TEST(CmsSigner, NamesNobodyWhereTheSignersCertificateIsNotFound) {
         {"a serial number that no certificate has",
          damaged(sample, {0x5E, 0xED, 0x12, 0x34}, {0x5E, 0xED, 0x12, 0x35})},
         {"an issuer that no certificate has",
-         damaged(sample, bytesOfText("Developer Authority"), bytesOfText("Deserted Authority "))},
+         damaged(sample, {'p', 'e', 'r', ' ', 'A'}, {'p', 'e', 'r', 'X', 'A'})},
         {"a key that no certificate has", damaged(sampleByKey, {0x80, 2, 3, 3}, {0x80, 2, 3, 4})},
         {"an empty key identifier", damaged(sampleByKey, {0x80, 2, 3, 3}, {0x80, 0, 5, 0})},
         {"elements nested without end", nested},
@@ -166,9 +154,7 @@ TEST(CmsSigner, EveryStringTypeBecomesUtf8) {
 
 TEST(CmsSigner, ACmsThatIsCutOffAnywhereGivesNothing) {
     for (const bool indefinite : {false, true}) {
-        Spec spec = developer;
-        spec.indefiniteLengths = indefinite;
-        const Bytes cms = cmsFile(spec);
+        const Bytes cms = cmsFile({.leafCommonName = "Firm", .indefiniteLengths = indefinite});
         for (std::size_t size = 0; size < cms.size(); ++size) {
             // A buffer of exactly this size, so that a sanitizer sees a read behind it.
             const Bytes cut(cms.data(), cms.data() + size);

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstddef>
-#include <functional>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -27,32 +26,26 @@ std::string bigEndian(std::uint64_t value, std::size_t size) {
     return bytes;
 }
 
-/// Objects of a binary list, put together by hand so that they can be wrong.
-std::string object(std::uint8_t kind, std::size_t count, const std::string& content) {
-    const auto marker = [](unsigned high, unsigned low) {
-        return std::string(1, static_cast<char>(high << 4 | low));
-    };
-    if (count < 15)
-        return marker(kind, static_cast<unsigned>(count)) + content;
-    return marker(kind, 15) + marker(1, 2) + bigEndian(count, 4) + content;
+/// An object of a binary list, with its count in the long form.
+std::string object(std::uint64_t kind, std::size_t count, const std::string& content) {
+    return bigEndian(kind << 4 | 0xF, 1) + "\x12" + bigEndian(count, 4) + content;
 }
 
 std::string ascii(const std::string& text) {
     return object(0x5, text.size(), text);
 }
 
-std::string list(std::uint8_t kind, std::size_t count, const std::vector<std::uint64_t>& indexes) {
+std::string array(const std::vector<std::uint64_t>& indexes) {
     std::string content;
     for (const auto index : indexes)
         content += bigEndian(index, 4);
-    return object(kind, count, content);
+    return object(0xA, indexes.size(), content);
 }
 
-std::string array(const std::vector<std::uint64_t>& indexes) {
-    return list(0xA, indexes.size(), indexes);
-}
-
-std::string binary(const Texts& objects) {
+/// A binary list put together by hand, so that it can be wrong: {"a": third object} at first.
+std::string binary(const Texts& furtherObjects, const std::string& key = ascii("a")) {
+    Texts objects = {object(0xD, 1, bigEndian(1, 4) + bigEndian(2, 4)), key};
+    objects.insert(objects.end(), furtherObjects.begin(), furtherObjects.end());
     std::string bytes = "bplist00";
     std::string offsets;
     for (const auto& object : objects) {
@@ -64,17 +57,9 @@ std::string binary(const Texts& objects) {
            bigEndian(0, 8) + bigEndian(table, 8);
 }
 
-/// The list {"a": third object}, whose further objects are free.
-std::string binaryWith(const Texts& value) {
-    Texts objects = {list(0xD, 1, {1, 2}), ascii("a")};
-    objects.insert(objects.end(), value.begin(), value.end());
-    return binary(objects);
-}
-
-std::string xmlWith(const std::string& value) {
+std::string xml(const std::string& value) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"PropertyList-1.0.dtd\">\n"
            "<plist version=\"1.0\">\n<dict>\n<key>a</key>\n" +
            value + "\n</dict>\n</plist>\n";
 }
@@ -90,23 +75,22 @@ TEST(PropertyList, GivesTheTextsOfBothForms) {
         const char* what;
         std::string bytes, expected;
     } cases[] = {
-        {"plain XML", xmlWith("<string>Höhe</string>"), "Höhe"},
-        {"empty text", xmlWith("<string/>"), ""},
-        {"byte order mark", "\xEF\xBB\xBF" + xmlWith("<string>x</string>"), "x"},
+        {"plain XML", xml("<string>Höhe</string>"), "Höhe"},
+        {"empty text", xml("<string/>"), ""},
+        {"byte order mark", "\xEF\xBB\xBF" + xml("<string>x</string>"), "x"},
         {"comments, CDATA, entities",
-         xmlWith("<!-- \" <array> -- --><string>x<!-- </dict> -->"
-                 "<![CDATA[<b>&amp;]]>&lt;&#228;&#x1F600;</string>"),
+         xml("<!-- \" <array> -- --><string>x<!-- </dict> -->"
+             "<![CDATA[<b>&amp;]]>&lt;&#228;&#x1F600;</string>"),
          "x<b>&amp;<ä\U0001F600"},
-        {"invalid UTF-8", xmlWith("<string>a\xFFz</string>"), "a\uFFFDz"},
-        {"a surrogate as character", xmlWith("<string>&#xD800;</string>"), "\uFFFD\uFFFD\uFFFD"},
-        {"a number", xmlWith("<integer>5</integer>"), "no text"},
-        {"binary ASCII", binaryWith({ascii("x")}), "x"},
-        {"long binary ASCII", binaryWith({ascii(std::string(300, 'x'))}), std::string(300, 'x')},
-        {"bytes that are no ASCII", binaryWith({ascii("a\xE4")}), "a\uFFFD"},
-        {"UTF-16 with a zero", binaryWith({object(0x6, 3, std::string("\0x\0\0\x20\xAC", 6))}),
+        {"invalid UTF-8", xml("<string>a\xFFz&#xD800;</string>"), "a\uFFFDz\uFFFD\uFFFD\uFFFD"},
+        {"a number", xml("<integer>5</integer>"), "no text"},
+        {"binary ASCII", binary({"\x51x"}), "x"},
+        {"long binary ASCII", binary({ascii(repeated("x", 300))}), repeated("x", 300)},
+        {"bytes that are no ASCII", binary({ascii("a\xE4")}), "a\uFFFD"},
+        {"UTF-16 with a zero", binary({object(0x6, 3, std::string("\0x\0\0\x20\xAC", 6))}),
          std::string("x\0€", 5)},
-        {"a Boolean", binaryWith({"\x09"}), "no text"},
-        {"shared objects", binaryWith({array({1, 1, 4, 4}), "", array({1})}), "no text"},
+        {"a Boolean", binary({"\x09"}), "no text"},
+        {"shared objects", binary({array({1, 1, 4, 4}), "", array({1})}), "no text"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -119,12 +103,12 @@ TEST(PropertyList, AListOfTextsHoldsNothingElse) {
         const auto list = PropertyList::parse(bytesOf(bytes));
         return list ? list->textList("a") : std::nullopt;
     };
-    EXPECT_EQ(textsIn(xmlWith("<array><string>/bin/x</string><string/></array>")),
+    EXPECT_EQ(textsIn(xml("<array><string>/bin/x</string><string/></array>")),
               (Texts{"/bin/x", ""}));
-    EXPECT_EQ(textsIn(xmlWith("<array/>")), Texts());
-    EXPECT_EQ(textsIn(binaryWith({array({1, 1})})), (Texts{"a", "a"}));
-    EXPECT_EQ(textsIn(xmlWith("<array><string>x</string><true/></array>")), std::nullopt);
-    EXPECT_EQ(textsIn(xmlWith("<string>x</string>")), std::nullopt);
+    EXPECT_EQ(textsIn(xml("<array/>")), Texts());
+    EXPECT_EQ(textsIn(binary({array({1, 1})})), (Texts{"a", "a"}));
+    EXPECT_EQ(textsIn(xml("<array><string>x</string><true/></array>")), std::nullopt);
+    EXPECT_EQ(textsIn(xml("<string>x</string>")), std::nullopt);
 
     const auto list = PropertyList::parse(bytesOf(std::string_view("<plist><dict/></plist>")));
     ASSERT_TRUE(list);
@@ -133,27 +117,24 @@ TEST(PropertyList, AListOfTextsHoldsNothingElse) {
 }
 
 TEST(PropertyList, ADamagedOrHostileListIsNone) {
-    constexpr std::size_t levels = 100'000;
-    Texts nested;
-    for (std::size_t i = 0; i < levels; ++i)
-        nested.push_back(array({3 + i}));
-    nested.push_back(ascii("x"));
-    Texts doubling; // 2^60 nodes in 60 objects
-    for (std::size_t i = 0; i < 60; ++i)
-        doubling.push_back(array({3 + i, 3 + i}));
-    doubling.push_back(ascii("x"));
-    // 2^13 keys and 2^13 more whose hashes all agree: "Ab" and "BA" weigh the same.
-    std::string colliding;
+    constexpr std::size_t many = 100'000;
+    Texts nested, doubling;
+    for (std::size_t i = 3; i < many; ++i)
+        nested.push_back(array({i}));
+    nested.push_back("\x09");
+    for (std::size_t i = 3; i < 60; ++i)
+        doubling.push_back(array({i, i}));
+    doubling.push_back("\x09");
+    std::string colliding; // "Ab" and "BA" add up to the same hash
     for (unsigned i = 0; i < 1U << 14; ++i) {
         colliding += "<key>";
         for (unsigned bit = 0; bit < 14; ++bit)
             colliding += (i >> bit & 1) != 0 ? "Ab" : "BA";
         colliding += "</key><true/>";
     }
-    const auto good = binaryWith({ascii("x")});
-    const auto changed = [&](std::size_t fromEnd, const std::string& bytes) {
-        auto bad = good;
-        return bad.replace(bad.size() - fromEnd, bytes.size(), bytes);
+    const auto changed = [](std::size_t fromEnd, const std::string& bytes) {
+        auto list = binary({ascii("x")});
+        return list.replace(list.size() - fromEnd, bytes.size(), bytes);
     };
     const struct {
         const char* what;
@@ -162,31 +143,28 @@ TEST(PropertyList, ADamagedOrHostileListIsNone) {
         {"nothing", ""},
         {"no list", "#!/bin/sh\n"},
         {"the root is no dictionary", "<plist><array/></plist>"},
-        {"the binary root is no dictionary", binary({array({})})},
-        {"deep XML", xmlWith(repeated("<array>", levels) + repeated("</array>", levels))},
+        {"the binary root is no dictionary", changed(16, bigEndian(1, 8))},
+        {"deep XML", xml(repeated("<array>", many) + repeated("</array>", many))},
         {"deep XML whose ends are comments",
-         xmlWith(repeated("<array><!--</array>-->", levels) + repeated("</array>", levels))},
+         xml(repeated("<array><!--</array>-->", 600) + repeated("</array>", 600))},
         {"deep XML whose ends are in quotes",
-         xmlWith(repeated("<array><?a \" ?></array><?a \" ?>", levels))},
-        {"more ends than beginnings", xmlWith("<true/></dict></plist></plist>")},
-        {"many elements", xmlWith("<array>" + repeated("<true/>", levels) + "</array>")},
-        {"colliding keys", xmlWith("<dict>" + colliding + "</dict>")},
-        {"many entities", xmlWith("<string>" + repeated("&amp;", 1'000'000) + "</string>")},
-        {"declared entities",
-         "<!DOCTYPE plist [<!ENTITY b \"c\">]>" + xmlWith("<string>&b;</string>")},
-        {"unfinished comment", xmlWith("<true/><!-- ")},
-        {"deep binary", binaryWith(nested)},
-        {"a cycle", binaryWith({array({0})})},
-        {"doubling", binaryWith(doubling)},
+         xml(repeated("<array><?a \" ?></array><?a \" ?>", 600) +
+             repeated("<?a \" ?><array><?a \" ?></array>", 600))},
+        {"many elements", xml("<array>" + repeated("<true/>", many) + "</array>")},
+        {"colliding keys", xml("<dict>" + colliding + "</dict>")},
+        {"many entities", xml("<string>" + repeated("&amp;", 60'000) + "</string>")},
+        {"declared entities", "<!DOCTYPE plist [<!ENTITY b \"c\">]>" + xml("<true/>")},
+        {"unfinished comment", xml("<true/><!-- ")},
+        {"deep binary", binary(nested)},
+        {"a cycle", binary({array({0})})},
+        {"doubling", binary(doubling)},
         {"a shared big text",
-         binaryWith({array(std::vector<std::uint64_t>(70, 3)), ascii(repeated("x", 1'000'000))})},
-        {"a key that is a number", binary({list(0xD, 1, {1, 2}), "\x10\x05", ascii("x")})},
-        {"a key that is a list", binary({list(0xD, 1, {1, 2}), array({}), ascii("x")})},
-        {"no such object", binaryWith({array({9})})},
-        {"text beyond the end", binaryWith({"\x5E"
-                                            "x"})},
-        {"a count that wraps", binaryWith({"\xAF\x13" + bigEndian(UINT64_MAX / 4 + 1, 8)})},
-        {"a count of sixteen bytes", binaryWith({"\x5F\x14" + bigEndian(1, 16) + "x"})},
+         binary({array(std::vector<std::uint64_t>(70, 3)), ascii(repeated("x", 1'000'000))})},
+        {"a key that is a number", binary({ascii("x")}, "\x10\x05")},
+        {"a key that is a list", binary({ascii("x")}, array({}))},
+        {"no such object", binary({array({9})})},
+        {"text beyond the end", binary({"\x5Ex"})},
+        {"a count that wraps", binary({"\xAF\x13" + bigEndian(UINT64_MAX / 4 + 1, 8)})},
         {"offsets of no size", changed(26, std::string(1, '\0'))},
         {"references of nine bytes", changed(25, "\x09")},
         {"an object count that wraps", changed(24, bigEndian(UINT64_MAX / 4 + 2, 8))},
@@ -200,7 +178,7 @@ TEST(PropertyList, ADamagedOrHostileListIsNone) {
 }
 
 TEST(PropertyList, AGoodListWithAnyByteCutOffOrChangedNeverHarms) {
-    const auto good = binaryWith({array({3, 4}), ascii("x"), object(0x6, 1, "\x20\xAC")});
+    const auto good = binary({array({3, 4}), ascii("x"), object(0x6, 1, "\x20\xAC")});
     for (std::size_t size = 0; size < good.size(); ++size)
         EXPECT_EQ(textIn(std::string(good, 0, size)), "no list") << size;
     for (std::size_t i = 0; i < good.size(); ++i) {
@@ -210,9 +188,9 @@ TEST(PropertyList, AGoodListWithAnyByteCutOffOrChangedNeverHarms) {
             (void)textIn(changed);
         }
     }
-    const auto xml = xmlWith("<string>x</string>");
-    for (std::size_t size = 0; size < xml.find("</dict>"); ++size)
-        EXPECT_EQ(textIn(xml.substr(0, size)), "no list") << size;
+    const auto document = xml("<string>x</string>");
+    for (std::size_t size = 0; size < document.find("</dict>"); ++size)
+        EXPECT_EQ(textIn(document.substr(0, size)), "no list") << size;
 }
 
 } // namespace
