@@ -1,6 +1,11 @@
 #include "platform/QuietOpener.h"
 
 #include <fcntl.h>
+#ifdef __linux__
+#include <linux/openat2.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
 
 #include <cerrno>
 

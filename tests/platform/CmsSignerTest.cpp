@@ -122,15 +122,16 @@ TEST(CmsSigner, NamesNobodyWhereTheSignersCertificateIsNotFound) {
         {"an issuer that no certificate has",
          damaged(sample, {'p', 'e', 'r', ' ', 'A'}, {'p', 'e', 'r', 'X', 'A'})},
         {"a key that no certificate has", damaged(sampleByKey, {0x80, 2, 3, 3}, {0x80, 2, 3, 4})},
-        {"an empty key identifier", damaged(sampleByKey, {0x80, 2, 3, 3}, {0x80, 0, 5, 0})},
+        {"no key on either side", damaged(damaged(sampleByKey, {0x80, 2, 3, 3}, {0x80, 0, 5, 0}),
+                                          {0x55, 0x1D, 0x0E}, {0x55, 0x1D, 0x7F})},
         {"elements nested without end", nested},
         {"nothing", {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(signerSubjectSummary(ByteView(c.cms)), std::nullopt);
-        EXPECT_EQ(ERR_peek_error(), 0U) << "an error is left to the next caller";
-    }
+    for (const auto& c : cases)
+        EXPECT_EQ(signerSubjectSummary(ByteView(c.cms)), std::nullopt) << c.what;
+    // Names are the same in any case.
+    const Bytes loud = damaged(sample, {'p', 'e', 'r', ' ', 'A'}, {'P', 'E', 'R', ' ', 'A'});
+    EXPECT_EQ(signerSubjectSummary(ByteView(loud)), developer.leafCommonName);
 }
 
 TEST(CmsSigner, EveryStringTypeBecomesUtf8) {
@@ -161,6 +162,7 @@ TEST(CmsSigner, ACmsThatIsCutOffAnywhereGivesNothing) {
             ASSERT_EQ(signerSubjectSummary(ByteView(cut)), std::nullopt) << size;
         }
     }
+    EXPECT_EQ(ERR_peek_error(), 0U) << "an error is left to the next caller";
 }
 
 } // namespace veridane::test

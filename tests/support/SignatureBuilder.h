@@ -13,7 +13,8 @@ using Bytes = std::vector<std::uint8_t>;
 /// What a signature says and in which of the shapes that occur on real Macs.
 struct SignatureSpec {
     std::string identifier = "com.example.app";
-    std::optional<std::string> teamIdentifier; // in the code directory (version 0x20200 and later)
+    std::optional<std::string>
+        teamIdentifier; // in the code directory (none in a version before 0x20200)
 
     /// The leaf certificate's subject, behind the user ID that it always begins with. With none of
     /// the four the signature is ad hoc.
