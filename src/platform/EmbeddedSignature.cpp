@@ -1,18 +1,18 @@
 #include "platform/EmbeddedSignature.h"
 
+#include "platform/MachOFormat.h"
+
 #include <cstdint>
 #include <vector>
 
 namespace veridane {
 namespace {
 
-constexpr std::uint32_t universalMagic = 0xCAFEBABE, wideUniversalMagic = 0xCAFEBABF;
-constexpr std::uint32_t thinMagic = 0xFEEDFACE, wideThinMagic = 0xFEEDFACF;
-constexpr std::uint32_t arm64CpuType = 0x0100000C, arm64eSubtype = 2;
+using namespace macho;
+
 constexpr std::uint32_t codeSignatureCommand = 0x1D, codeSignatureCommandSize = 16;
 
 constexpr std::uint64_t headSize = 8192;           // holds the load commands of most programs
-constexpr std::uint32_t maxTableEntries = 63;      // a Java class file has its version number there
 constexpr std::uint32_t maxCommandBytes = 1 << 20; // the largest programs have about 20,000
 
 using Bytes = std::vector<std::uint8_t>;
@@ -46,20 +46,20 @@ private:
 
 /// How gladly an Apple-silicon Mac runs a slice; 0 for one that it would not choose.
 int preference(ByteView entry) {
-    if (entry.bigEndian32(0) != arm64CpuType)
+    if (entry.bigEndian32(0) != cpuTypeArm64)
         return 0;
-    return (entry.bigEndian32(4) & 0xFFFFFF) == arm64eSubtype ? 2 : 1;
+    return (entry.bigEndian32(4) & cpuSubtypeMask) == cpuSubtypeArm64e ? 2 : 1;
 }
 
 std::optional<ByteSource> preferredSlice(const ByteSource& file, ByteView head) {
-    const bool isWide = head.bigEndian32(0) == wideUniversalMagic;
-    const std::uint64_t entrySize = isWide ? 32 : 20;
+    const std::uint32_t magic = head.bigEndian32(0);
+    const std::uint64_t entrySize = tableEntrySize(magic);
     const std::uint32_t count = head.bigEndian32(4);
     if (count > maxTableEntries)
         return std::nullopt;
     std::optional<ByteView> best;
     for (std::uint32_t i = 0; i < count; ++i) {
-        const auto entry = head.slice(8 + i * entrySize, entrySize);
+        const auto entry = head.slice(universalHeaderSize + i * entrySize, entrySize);
         if (!entry)
             break;
         if (!best || preference(*entry) > preference(*best))
@@ -67,7 +67,7 @@ std::optional<ByteSource> preferredSlice(const ByteSource& file, ByteView head) 
     }
     if (!best)
         return std::nullopt;
-    if (!isWide)
+    if (magic == universalMagic)
         return file.slice(best->bigEndian32(8), best->bigEndian32(12));
     const auto wideWord = [&best](std::uint64_t offset) {
         return std::uint64_t{best->bigEndian32(offset)} << 32 | best->bigEndian32(offset + 4);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <string>
 #include <string_view>
 
@@ -41,7 +40,6 @@ public:
     [[nodiscard]] Path operator/(std::string_view components) const;
 
     bool operator==(const Path&) const = default;
-    auto operator<=>(const Path&) const = default;
 
 private:
     std::string m_bytes;

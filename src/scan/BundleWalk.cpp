@@ -34,11 +34,8 @@ Content contentOf(CompatibilityStatus status) {
 class Probe : public WalkVisitor {
 public:
     Probe(const FileSystem& files, const Path& bundle, const std::optional<Path>& mainExecutable)
-        : m_files(files), m_bundle(bundle) {
-        if (!mainExecutable)
-            return;
-        m_mainExecutable = files.resolvingLinks(*mainExecutable);
-        if (const auto file = files.open(m_mainExecutable))
+        : m_files(files), m_bundle(bundle), m_mainExecutable(mainExecutable) {
+        if (const auto file = mainExecutable ? files.open(*mainExecutable) : std::nullopt)
             m_mainIdentity = file->identity();
     }
 
@@ -83,7 +80,8 @@ private:
             return;
         const Path path = m_bundle / entry.relativePath;
         // A second hard link to the main executable is a file of its own: it stays behind as well.
-        if ((entry.tag & isMainFile) != 0 && m_files.resolvingLinks(path) == m_mainExecutable)
+        if ((entry.tag & isMainFile) != 0 &&
+            m_files.resolvingLinks(path) == m_files.resolvingLinks(*m_mainExecutable))
             return;
         m_result.intelComponents.push_back(relativeComponentPath(path, m_bundle));
         if (content == incompatible)
@@ -94,7 +92,7 @@ private:
 
     const FileSystem& m_files;
     const Path& m_bundle;
-    Path m_mainExecutable;
+    const std::optional<Path>& m_mainExecutable;
     std::optional<FileIdentity> m_mainIdentity;
     int m_probed = 0;
     BundleWalk m_result;

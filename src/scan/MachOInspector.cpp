@@ -1,5 +1,7 @@
 #include "scan/MachOInspector.h"
 
+#include "platform/MachOFormat.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -7,9 +9,7 @@
 namespace veridane::MachOInspector {
 namespace {
 
-constexpr std::uint32_t universalMagic = 0xCAFEBABE;
-constexpr std::uint32_t universalMagic64 = 0xCAFEBABF;
-constexpr std::uint32_t thinMagic = 0xFEEDFACE; // 0xFEEDFACF for 64 bits
+using namespace macho;
 
 constexpr std::size_t thinHeaderSize = 12; // as much of it as is looked at
 
@@ -19,10 +19,8 @@ struct Processor {
 };
 constexpr Processor processors[] = {
     {0x00000007, CPUArch::i386},   {0x0000000C, CPUArch::arm},   {0x00000012, CPUArch::ppc},
-    {0x01000007, CPUArch::x86_64}, {0x01000012, CPUArch::ppc64}, {0x0100000C, CPUArch::arm64},
+    {0x01000007, CPUArch::x86_64}, {0x01000012, CPUArch::ppc64}, {cpuTypeArm64, CPUArch::arm64},
 };
-constexpr std::uint32_t subtypeMask = 0x00FFFFFF; // above it stand capability flags
-constexpr std::uint32_t subtypeArm64e = 2;
 
 // 32-bit and 64-bit magics differ in the lowest bit alone.
 constexpr std::uint32_t withoutLowestBit(std::uint32_t magic) {
@@ -33,7 +31,7 @@ CPUArch architectureOf(std::uint32_t type, std::uint32_t subtype) {
     const auto* known = std::ranges::find(processors, type, &Processor::type);
     if (known == std::end(processors))
         return CPUArch::unknown;
-    if (known->architecture == CPUArch::arm64 && (subtype & subtypeMask) == subtypeArm64e)
+    if (type == cpuTypeArm64 && (subtype & cpuSubtypeMask) == cpuSubtypeArm64e)
         return CPUArch::arm64e;
     return known->architecture;
 }
@@ -42,11 +40,11 @@ ArchitectureReport inspectUniversal(ByteView header) {
     const std::uint32_t count = header.bigEndian32(4);
     if (count == 0 || count > maxTableEntries)
         return emptyReport;
-    const std::uint64_t entrySize = header.bigEndian32(0) == universalMagic64 ? 32 : 20;
+    const std::uint64_t entrySize = tableEntrySize(header.bigEndian32(0));
     ArchitectureReport report;
     for (std::uint64_t i = 0; i < count; ++i) {
         // A cut-off table: the slices that it still names are there all the same.
-        const auto entry = header.slice(8 + i * entrySize, entrySize);
+        const auto entry = header.slice(universalHeaderSize + i * entrySize, entrySize);
         if (!entry)
             break;
         const CPUArch architecture = architectureOf(entry->bigEndian32(0), entry->bigEndian32(4));

@@ -3,6 +3,7 @@
 #include "model/ArchitectureReport.h"
 #include "platform/ByteView.h"
 #include "platform/FileSystem.h"
+#include "platform/MachOFormat.h"
 
 #include <cstddef>
 
@@ -11,11 +12,10 @@
 /// (fat_header with fat_arch or fat_arch_64). Safe on any thread.
 namespace veridane::MachOInspector {
 
-/// The most bytes that `inspect` looks at: a universal header with 63 entries of 32 bytes. A Java
-/// class file begins with the same magic, and its version number stands where the count would be;
-/// the limit keeps most of them out.
-inline constexpr std::size_t maxTableEntries = 63;
-inline constexpr std::size_t maxHeaderSize = 8 + maxTableEntries * 32;
+/// The most bytes that `inspect` looks at.
+inline constexpr std::size_t maxHeaderSize =
+    macho::universalHeaderSize +
+    macho::maxTableEntries * macho::tableEntrySize(macho::wideUniversalMagic);
 
 /// Whether the bytes begin like a Mach-O or universal file, in either byte order.
 [[nodiscard]] bool isMachOFile(ByteView header);

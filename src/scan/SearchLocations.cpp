@@ -100,9 +100,8 @@ const ExtensionSet SearchLocations::audioPluginExtensions{audioPluginNames};
 const ExtensionSet SearchLocations::extensionExtensions{extensionNames};
 
 SearchLocations::SearchLocations(std::vector<Path> homes) : m_homes(std::move(homes)) {
-    std::ranges::sort(m_homes);
-    const auto repeated = std::ranges::unique(m_homes);
-    m_homes.erase(repeated.begin(), repeated.end());
+    std::ranges::sort(m_homes, {}, &Path::bytes);
+    m_homes.erase(std::unique(m_homes.begin(), m_homes.end()), m_homes.end());
 }
 
 std::vector<Path> SearchLocations::applicationRoots() const {

@@ -23,11 +23,6 @@ struct BundleTarget {
     ItemKind kind;
 };
 
-struct Found {
-    ScanItem item;
-    Path path; // the item's, with its bytes
-};
-
 /// Where an item stands in the result.
 struct Place {
     int rank;
@@ -63,7 +58,6 @@ public:
         report(localized("Analysiere Programme …"), 0);
         if (readBundles() && readFiles())
             report(localized("Fertig"), m_total);
-        removeDuplicates();
         return sorted();
     }
 
@@ -105,8 +99,8 @@ private:
         for (const BundleTarget& target : m_bundles) {
             if (m_stop.stop_requested())
                 return false;
-            m_found.push_back(
-                {BundleInspector::inspect(m_files, target.path, target.kind), target.path});
+            if (isMetFirst(target.path))
+                m_found.push_back(BundleInspector::inspect(m_files, target.path, target.kind));
             ++done;
             if (done % bundlesPerReport == 0 || done == m_total)
                 report(localized("Analysiere Programme …"), done);
@@ -120,8 +114,8 @@ private:
         for (const FileTarget& target : m_targets) {
             if (m_stop.stop_requested())
                 return false;
-            if (auto item = makeFileItem(m_files, target))
-                m_found.push_back({std::move(*item), target.path});
+            if (auto item = isMetFirst(target.path) ? makeFileItem(m_files, target) : std::nullopt)
+                m_found.push_back(std::move(*item));
             ++done;
             if (done % filesPerReport == 0 || done == m_total)
                 report(localized("Analysiere Dienste & Tools …"), done);
@@ -130,11 +124,10 @@ private:
         return true;
     }
 
-    void removeDuplicates() {
-        std::unordered_set<std::string> seen;
-        std::erase_if(m_found, [&](const Found& found) {
-            return !seen.insert(m_files.resolvingLinks(found.path).bytes()).second;
-        });
+    // Of several ways to one object the first counts, and the others need not be read: everything
+    // in /Applications/Utilities lies below two roots.
+    bool isMetFirst(const Path& path) {
+        return m_seen.insert(m_files.resolvingLinks(path).bytes()).second;
     }
 
     std::vector<ScanItem> sorted() {
@@ -142,7 +135,7 @@ private:
         std::vector<Place> places;
         places.reserve(m_found.size());
         for (std::size_t i = 0; i < m_found.size(); ++i) {
-            const ScanItem& item = m_found[i].item;
+            const ScanItem& item = m_found[i];
             places.push_back({sortRank(item.status), collation.key(item.name), i});
         }
         std::ranges::sort(places, [](const Place& a, const Place& b) {
@@ -151,7 +144,7 @@ private:
         std::vector<ScanItem> items;
         items.reserve(places.size());
         for (const Place& place : places)
-            items.push_back(std::move(m_found[place.index].item));
+            items.push_back(std::move(m_found[place.index]));
         return items;
     }
 
@@ -167,7 +160,8 @@ private:
     const std::stop_token& m_stop;
     std::vector<BundleTarget> m_bundles;
     std::vector<FileTarget> m_targets;
-    std::vector<Found> m_found;
+    std::unordered_set<std::string> m_seen; // paths without links
+    std::vector<ScanItem> m_found;
     std::int64_t m_total = 0;
 };
 
