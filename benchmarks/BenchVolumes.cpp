@@ -28,9 +28,9 @@ constexpr FolderShape shapes[] = {
     {"Resources/{}.lproj", "Localizable", ".strings", 3, 12, 30},
     {"Resources/images/set-{}", "toolbar-icon", "@2x.png", 20, 120, 4},
     {"Resources/Help.help/Contents/Resources/pages-{}", "topic", ".html", 10, 60, 4},
-    {"Resources/app/node_modules/package-{}", "index", ".js", 2, 5, 20},
-    {"Resources/app/node_modules/package-{}/dist/es", "module", ".mjs", 3, 20, 20},
-    {"Resources/app/node_modules/package-{}/test/fixtures/cases", "case", ".json", 4, 30, 8},
+    {"Resources/app/node_modules/package-{}", "index", ".js", 2, 8, 20},
+    {"Resources/app/node_modules/package-{}/dist/es", "module", ".mjs", 5, 40, 15},
+    {"Resources/app/node_modules/package-{}/test/cases", "case", ".json", 4, 30, 8},
     {"Resources/site-packages/library_{}", "module", ".py", 5, 40, 10},
     {"Resources/site-packages/library_{}/__pycache__", "module", ".cpython-311.pyc", 5, 40, 10},
     {"SharedSupport/presets/bank-{}", "Preset", ".preset", 50, 300, 1},
@@ -131,9 +131,8 @@ public:
         constexpr int groupWeight = 27;
         const int unit = m_size.files / std::max(1, m_size.applications / 10) / groupWeight;
         for (int i = 0; i < m_size.applications && !m_volume.failure(); ++i) {
-            const int files =
-                m_size.applications == 1 ? m_size.files : unit * weights[static_cast<std::size_t>(i) % weights.size()];
-            writeApplication(i, files);
+            const int share = unit * weights[static_cast<std::size_t>(i) % weights.size()];
+            writeApplication(i, m_size.applications == 1 ? m_size.files : share);
         }
         for (int i = 0; i < m_size.applications / 10; ++i)
             writePlugin(i);
@@ -183,11 +182,11 @@ private:
 
     /// A real Info.plist has 30 to 60 entries, most of which nobody asks for.
     static void addUsualKeys(BundleBuilder& bundle) {
-        for (const char* key : {"CFBundleDevelopmentRegion", "CFBundleInfoDictionaryVersion",
-                                "CFBundleSignature", "DTCompiler", "DTPlatformBuild",
-                                "DTPlatformVersion", "DTSDKBuild", "DTSDKName", "DTXcode",
-                                "DTXcodeBuild", "LSMinimumSystemVersion", "NSMainNibFile",
-                                "NSPrincipalClass", "NSHumanReadableCopyright"})
+        for (const char* key :
+             {"CFBundleDevelopmentRegion", "CFBundleInfoDictionaryVersion", "CFBundleSignature",
+              "DTCompiler", "DTPlatformBuild", "DTPlatformVersion", "DTSDKBuild", "DTSDKName",
+              "DTXcode", "DTXcodeBuild", "LSMinimumSystemVersion", "NSMainNibFile",
+              "NSPrincipalClass", "NSHumanReadableCopyright"})
             bundle.info(key, "value");
         PlistList types;
         for (int i = 0; i < 8; ++i)
@@ -217,8 +216,8 @@ private:
         const int count = m_owedCode / 1000;
         m_owedCode %= 1000;
         for (int i = 0; i < count; ++i)
-            m_volume.file(contents + "PlugIns/group-" + std::to_string(folder) + "/libpart-" +
-                              std::to_string(i) + ".dylib",
+            m_volume.file(contents + "PlugIns/group-" + std::to_string(folder / 8) + "/libpart-" +
+                              std::to_string(folder) + '-' + std::to_string(i) + ".dylib",
                           m_stock.component(m_choice));
         return count;
     }

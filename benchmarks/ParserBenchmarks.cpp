@@ -55,8 +55,8 @@ BENCHMARK(cmsSigner);
 
 std::size_t commonNameLength(X509* certificate) {
     char text[256];
-    const int length = X509_NAME_get_text_by_NID(X509_get_subject_name(certificate),
-                                                 NID_commonName, text, sizeof text);
+    const int length = X509_NAME_get_text_by_NID(X509_get_subject_name(certificate), NID_commonName,
+                                                 text, sizeof text);
     return length < 0 ? 0 : static_cast<std::size_t>(length);
 }
 

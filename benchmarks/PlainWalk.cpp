@@ -63,8 +63,7 @@ bool isStranded(const fs::path& path) {
 }
 
 void walkBundle(const fs::path& bundle, const fs::path& volume, Totals& totals) {
-    const fs::path mainExecutable =
-        fs::weakly_canonical(bundle / "Contents/MacOS" / bundle.stem());
+    const fs::path mainExecutable = fs::weakly_canonical(bundle / "Contents/MacOS" / bundle.stem());
     for (auto at = fs::recursive_directory_iterator(bundle); at != fs::end(at); ++at) {
         if (isHidden(at->path())) {
             at.disable_recursion_pending();

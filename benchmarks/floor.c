@@ -19,7 +19,7 @@ struct totals {
     uint64_t sum; /* of the bytes read, so that the reads cannot be left out */
 };
 
-static void read_file(int folder, const char *name, struct totals *totals) {
+static void read_file(int folder, const char* name, struct totals* totals) {
     int file = openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOATIME);
     if (file < 0)
         return;
@@ -34,14 +34,14 @@ static void read_file(int folder, const char *name, struct totals *totals) {
     close(file);
 }
 
-static void walk(int parent, const char *name, struct totals *totals) {
-    int folder = openat(
-        parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOATIME);
-    DIR *stream = folder < 0 ? NULL : fdopendir(folder);
+static void walk(int parent, const char* name, struct totals* totals) {
+    int folder = openat(parent, name,
+                        O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOATIME);
+    DIR* stream = folder < 0 ? NULL : fdopendir(folder);
     if (stream == NULL)
         return;
     ++totals->folders;
-    const struct dirent *entry;
+    const struct dirent* entry;
     while ((entry = readdir(stream)) != NULL) {
         if (entry->d_name[0] == '.')
             continue;
@@ -53,7 +53,7 @@ static void walk(int parent, const char *name, struct totals *totals) {
     closedir(stream);
 }
 
-int main(int argument_count, char **arguments) {
+int main(int argument_count, char** arguments) {
     if (argument_count != 2) {
         fputs("usage: bench-floor DIR\n", stderr);
         return 2;

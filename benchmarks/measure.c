@@ -11,7 +11,9 @@
 #include <time.h>
 #include <unistd.h>
 
-static double seconds(struct timeval time) { return (double)time.tv_sec + (double)time.tv_usec / 1e6; }
+static double seconds(struct timeval time) {
+    return (double)time.tv_sec + (double)time.tv_usec / 1e6;
+}
 
 static double now(void) {
     struct timespec time;
@@ -19,7 +21,7 @@ static double now(void) {
     return (double)time.tv_sec + (double)time.tv_nsec / 1e9;
 }
 
-int main(int argument_count, char **arguments) {
+int main(int argument_count, char** arguments) {
     if (argument_count < 3) {
         fputs("usage: bench-measure RESULT PROGRAM [ARGUMENT]...\n", stderr);
         return 2;
@@ -38,7 +40,7 @@ int main(int argument_count, char **arguments) {
         return 1;
     }
     const double wall = now() - start;
-    FILE *result = fopen(arguments[1], "w");
+    FILE* result = fopen(arguments[1], "w");
     if (result == NULL) {
         perror(arguments[1]);
         return 1;

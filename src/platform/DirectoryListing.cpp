@@ -2,10 +2,41 @@
 
 #include "platform/FileStatus.h"
 
-namespace veridane {
-namespace {
+#include <unistd.h>
 
-EntryType typeOf(int folder, const dirent& entry) {
+namespace veridane {
+
+std::optional<DirectoryListing::Entry> DirectoryListing::next() {
+    while (const RawEntry* entry = nextRaw()) {
+        // The dot entries begin like every hidden one.
+        if (entry->d_name[0] != '.')
+            return Entry{entry->d_name, typeOf(*entry)};
+    }
+    return std::nullopt;
+}
+
+#ifdef __linux__
+const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
+    if (m_at == m_end) {
+        const auto got = ::getdents64(m_folder, m_buffer.data(), m_buffer.size());
+        if (got <= 0)
+            return nullptr;
+        m_at = 0;
+        m_end = static_cast<std::size_t>(got);
+    }
+    const auto* entry = reinterpret_cast<const RawEntry*>(&m_buffer[m_at]);
+    m_at += entry->d_reclen;
+    return entry;
+}
+#else
+const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
+    if (!m_stream)
+        m_stream.reset(::fdopendir(::dup(m_folder))); // which the stream closes
+    return m_stream ? ::readdir(m_stream.get()) : nullptr;
+}
+#endif
+
+EntryType DirectoryListing::typeOf(const RawEntry& entry) const {
     switch (entry.d_type) {
     case DT_REG:
         return EntryType::regularFile;
@@ -15,31 +46,12 @@ EntryType typeOf(int folder, const dirent& entry) {
         return EntryType::symbolicLink;
     case DT_UNKNOWN: {
         // Some file systems (FUSE drivers, old exFAT) do not say it in the listing.
-        const auto status = FileStatus::of(folder, entry.d_name);
+        const auto status = FileStatus::of(m_folder, entry.d_name);
         return status ? status->type() : EntryType::other;
     }
     default:
         return EntryType::other;
     }
-}
-
-} // namespace
-
-DirectoryListing::DirectoryListing(Descriptor folder) {
-    if (!folder)
-        return;
-    m_stream.reset(::fdopendir(folder.get()));
-    if (m_stream)
-        static_cast<void>(folder.release()); // the stream closes it
-}
-
-std::optional<DirectoryListing::Entry> DirectoryListing::next() {
-    while (const dirent* entry = ::readdir(m_stream.get())) {
-        // The dot entries begin like every hidden one.
-        if (entry->d_name[0] != '.')
-            return Entry{entry->d_name, typeOf(descriptor(), *entry)};
-    }
-    return std::nullopt;
 }
 
 } // namespace veridane

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "platform/Descriptor.h"
 #include "platform/FileSystem.h"
 
 #include <dirent.h>
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -12,7 +13,7 @@
 namespace veridane {
 
 /// The entries of one open folder as the system delivers them, in no order and without hidden ones.
-/// Owns the folder's descriptor, which serves for work relative to the folder meanwhile.
+/// The folder's descriptor must stay open meanwhile, and serves for one listing.
 class DirectoryListing {
 public:
     struct Entry {
@@ -20,22 +21,30 @@ public:
         EntryType type = EntryType::other;
     };
 
-    DirectoryListing() = default;
-    explicit DirectoryListing(Descriptor folder);
-
-    [[nodiscard]] explicit operator bool() const { return m_stream != nullptr; }
-    [[nodiscard]] int descriptor() const { return ::dirfd(m_stream.get()); }
+    explicit DirectoryListing(int folder) : m_folder(folder) {}
 
     /// The next entry; nothing at the end, or where the listing breaks off.
     [[nodiscard]] std::optional<Entry> next();
 
-    void close() { m_stream.reset(); }
-
 private:
+    int m_folder;
+#ifdef __linux__
+    // Without the library's stream, which asks three questions more about each folder, and takes a
+    // buffer from the heap that has it grow and shrink all through a walk.
+    using RawEntry = dirent64;
+    alignas(RawEntry) std::array<char, 32768> m_buffer;
+    std::size_t m_at = 0;
+    std::size_t m_end = 0;
+#else
+    using RawEntry = dirent;
     struct Closer {
         void operator()(DIR* stream) const { ::closedir(stream); }
     };
     std::unique_ptr<DIR, Closer> m_stream;
+#endif
+
+    const RawEntry* nextRaw();
+    [[nodiscard]] EntryType typeOf(const RawEntry& entry) const;
 };
 
 } // namespace veridane

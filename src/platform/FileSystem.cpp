@@ -48,9 +48,10 @@ std::optional<std::vector<DirectoryEntry>> FileSystem::list(const Path& path) co
     const auto location = locate(m_opener, m_root, path, LastLink::follow);
     if (!location)
         return std::nullopt;
-    DirectoryListing listing(m_opener.folder(location->folder.get(), location->name.c_str()));
-    if (!listing)
+    const Descriptor folder = m_opener.folder(location->folder.get(), location->name.c_str());
+    if (!folder)
         return std::nullopt;
+    DirectoryListing listing(folder.get());
     std::vector<DirectoryEntry> entries;
     while (const auto entry = listing.next())
         entries.push_back({std::string(entry->name), entry->type});
@@ -70,7 +71,9 @@ std::optional<ResourceValues> FileSystem::resourceValues(const Path& path) const
 
 Path FileSystem::resolvingLinks(const Path& path) const {
     auto location = locate(m_opener, m_root, path, LastLink::follow);
-    return location ? std::move(location->path) : path;
+    if (!location)
+        return path;
+    return std::move(location->path);
 }
 
 std::optional<OpenFile> FileSystem::open(const Path& path) const {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <vector>
 
@@ -19,8 +20,10 @@ public:
     std::optional<Location> run(const Path& path, LastLink lastLink) {
         if (path.bytes().find('\0') != std::string::npos || !restart())
             return std::nullopt;
-        if (!goStraight(path))
-            push(path.bytes());
+        const Way way = goStraight(path);
+        if (way == Way::missing)
+            return std::nullopt;
+        push(way == Way::straight ? path.name() : path.bytes());
         while (!m_pending.empty()) {
             const std::string component = std::move(m_pending.back());
             m_pending.pop_back();
@@ -59,21 +62,21 @@ private:
         }
     }
 
-    /// Nearly every path is free of links. The system can say so and open the last folder in one
-    /// step, which halves what a lookup costs.
-    bool goStraight(const Path& path) {
-        const std::string& bytes = path.bytes();
-        const std::size_t slash = bytes.rfind('/');
-        if (slash == 0 || bytes.find("/.") != std::string::npos)
-            return false;
-        std::string above = bytes.substr(0, slash);
+    enum class Way { straight, missing, notStraight };
+
+    /// Nearly every path is free of links. The system can find that out and open the last folder in
+    /// one step, instead of one for each name.
+    Way goStraight(const Path& path) {
+        const std::size_t slash = path.bytes().rfind('/');
+        if (slash == 0 || path.bytes().find("/.") != std::string::npos)
+            return Way::notStraight;
+        std::string above = path.bytes().substr(0, slash);
         Descriptor folder = m_opener.straightPassage(m_folder.get(), above.c_str() + 1);
         if (!folder)
-            return false;
+            return errno == ENOENT ? Way::missing : Way::notStraight; // a link has its own error
         m_folder = std::move(folder);
         m_resolved = std::move(above);
-        push(bytes.substr(slash));
-        return true;
+        return Way::straight;
     }
 
     bool goDown(const std::string& component) {

@@ -65,6 +65,7 @@ Descriptor QuietOpener::straightPassage([[maybe_unused]] int folder,
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
     return Descriptor(static_cast<int>(::syscall(SYS_openat2, folder, path, &how, sizeof how)));
 #else
+    errno = ENOSYS;
     return {};
 #endif
 }

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] Descriptor passage(int folder, const char* name) const;
 
     /// The same for a folder several names down, if there is neither a link nor ".." on the way.
-    /// Always invalid where the system cannot tell.
+    /// ENOENT says that a folder is missing; every other error that nothing is known.
     [[nodiscard]] Descriptor straightPassage(int folder, const char* path) const;
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/TreeWalk.h"
 
+#include "platform/DirectoryListing.h"
 #include "platform/FileStatus.h"
 
 #include <fcntl.h>
@@ -10,7 +11,7 @@
 namespace veridane {
 namespace {
 
-// Real bundles are some twenty folders deep. Each open one holds a descriptor and a buffer.
+// Real bundles are some twenty folders deep. Each open one holds a descriptor.
 constexpr std::size_t maxOpenFolders = 24;
 
 // Deeper than any path that the system itself could name; only there so that there is an end.
@@ -36,16 +37,17 @@ void TreeWalk::run(Descriptor root) {
 }
 
 void TreeWalk::enter(Descriptor descriptor) {
-    Folder folder{.listing = DirectoryListing(std::move(descriptor)),
+    if (!descriptor)
+        return;
+    DirectoryListing listing(descriptor.get());
+    Folder folder{.descriptor = std::move(descriptor),
                   .identity = {},
                   .firstEntry = m_entries.size(),
                   .nextEntry = m_entries.size(),
                   .endEntry = m_entries.size(),
                   .firstName = m_names.size(),
                   .pathLength = m_path.size()};
-    if (!folder.listing)
-        return;
-    while (const auto entry = folder.listing.next()) {
+    while (const auto entry = listing.next()) {
         m_entries.push_back(
             {m_names.size(), 0, static_cast<std::uint16_t>(entry->name.size()), entry->type, 0});
         m_names.append(entry->name.data(), entry->name.size() + 1);
@@ -67,14 +69,13 @@ void TreeWalk::measure(const Folder& folder) {
         Entry& entry = m_entries[i];
         if (entry.type != EntryType::regularFile)
             continue;
-        if (const auto status =
-                FileStatus::of(folder.listing.descriptor(), &m_names[entry.nameStart]))
+        if (const auto status = FileStatus::of(folder.descriptor.get(), &m_names[entry.nameStart]))
             entry.size = status->size();
     }
 }
 
 void TreeWalk::classify(const Folder& folder) {
-    m_heads.enterFolder(folder.listing.descriptor());
+    m_heads.enterFolder(folder.descriptor.get());
     for (std::size_t i = folder.firstEntry; i < folder.endEntry; ++i) {
         Entry& entry = m_entries[i];
         if (entry.type == EntryType::regularFile)
@@ -104,7 +105,7 @@ void TreeWalk::descend(const Entry& entry) {
     if (m_folders.size() >= maxLevels)
         return;
     closeFarAncestors(maxOpenFolders);
-    const int parent = m_folders.back().listing.descriptor();
+    const int parent = m_folders.back().descriptor.get();
     const char* name = &m_names[entry.nameStart];
     Descriptor child = m_opener.folder(parent, name);
     if (!child && isOutOfDescriptors(errno)) {
@@ -117,9 +118,9 @@ void TreeWalk::descend(const Entry& entry) {
 void TreeWalk::closeFarAncestors(std::size_t keptOpen) {
     while (m_folders.size() - m_firstOpen > keptOpen) {
         Folder& folder = m_folders[m_firstOpen++];
-        if (const auto status = FileStatus::of(folder.listing.descriptor()))
+        if (const auto status = FileStatus::of(folder.descriptor.get()))
             folder.identity = status->identity();
-        folder.listing.close();
+        folder.descriptor.close();
     }
 }
 
@@ -130,7 +131,7 @@ void TreeWalk::leave() {
     m_names.resize(child.firstName);
     if (m_folders.empty() || m_firstOpen < m_folders.size())
         return;
-    if (reopenParent(child.listing.descriptor(), m_folders.back()))
+    if (reopenParent(child.descriptor.get(), m_folders.back()))
         m_firstOpen = m_folders.size() - 1;
     else
         m_folders.clear(); // somebody moved the tree under us: there is no way back up
@@ -141,8 +142,8 @@ bool TreeWalk::reopenParent(int child, Folder& parent) const {
     const auto status = FileStatus::of(descriptor.get());
     if (!status || status->identity() != parent.identity)
         return false;
-    parent.listing = DirectoryListing(std::move(descriptor));
-    return static_cast<bool>(parent.listing);
+    parent.descriptor = std::move(descriptor);
+    return true;
 }
 
 } // namespace veridane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/DirectoryListing.h"
+#include "platform/Descriptor.h"
 #include "platform/HeadReader.h"
 #include "platform/QuietOpener.h"
 #include "platform/WalkVisitor.h"
@@ -33,8 +33,8 @@ private:
     };
 
     struct Folder {
-        DirectoryListing listing; // closed while the walk is far below
-        FileIdentity identity;    // known once it has been closed
+        Descriptor descriptor; // closed while the walk is far below
+        FileIdentity identity; // known once it has been closed
         std::size_t firstEntry;
         std::size_t nextEntry;
         std::size_t endEntry;
