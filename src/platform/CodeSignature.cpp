@@ -30,7 +30,8 @@ std::optional<CodeSignature> readFileSignature(const FileSystem& files, const Pa
 
 std::optional<CodeSignature> readBundleSignature(const FileSystem& files, const Path& bundle,
                                                  const std::optional<Path>& executable) {
-    if (const auto opened = executable ? files.open(*executable) : std::nullopt) {
+    // Some plug-ins of old are a bare file with a bundle's name.
+    if (const auto opened = files.open(executable.value_or(bundle))) {
         if (auto signature = readEmbedded(*opened))
             return signature;
         // Code that could carry its signature and does not is unsigned, whatever lies beside it.

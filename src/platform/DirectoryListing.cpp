@@ -1,8 +1,12 @@
 #include "platform/DirectoryListing.h"
 
+#include "platform/Descriptor.h"
 #include "platform/FileStatus.h"
 
+#include <fcntl.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 namespace veridane {
 
@@ -19,8 +23,10 @@ std::optional<DirectoryListing::Entry> DirectoryListing::next() {
 const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
     if (m_at == m_end) {
         const auto got = ::getdents64(m_folder, m_buffer.data(), m_buffer.size());
-        if (got <= 0)
+        if (got <= 0) {
+            m_failed = got < 0;
             return nullptr;
+        }
         m_at = 0;
         m_end = static_cast<std::size_t>(got);
     }
@@ -30,9 +36,18 @@ const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
 }
 #else
 const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
-    if (!m_stream)
-        m_stream.reset(::fdopendir(::dup(m_folder))); // which the stream closes
-    return m_stream ? ::readdir(m_stream.get()) : nullptr;
+    if (!m_stream) {
+        Descriptor copy(::fcntl(m_folder, F_DUPFD_CLOEXEC, 0));
+        m_stream.reset(::fdopendir(copy.get()));
+        m_failed = !m_stream;
+        if (m_failed)
+            return nullptr;
+        static_cast<void>(copy.release()); // the stream closes it
+    }
+    errno = 0;
+    const RawEntry* entry = ::readdir(m_stream.get());
+    m_failed = !entry && errno != 0;
+    return entry;
 }
 #endif
 

@@ -29,6 +29,15 @@ std::optional<OpenFile> openRegularFile(const QuietOpener& opener, const Locatio
                     status->identity());
 }
 
+std::optional<ResourceValues> valuesAt(const std::optional<Location>& location) {
+    if (!location)
+        return std::nullopt;
+    const auto status = FileStatus::of(location->folder.get(), location->name.c_str());
+    if (!status)
+        return std::nullopt;
+    return ResourceValues{status->type(), status->size(), status->modificationDate()};
+}
+
 } // namespace
 
 FileSystem::FileSystem(std::string root) : m_root(std::move(root)) {}
@@ -55,18 +64,18 @@ std::optional<std::vector<DirectoryEntry>> FileSystem::list(const Path& path) co
     std::vector<DirectoryEntry> entries;
     while (const auto entry = listing.next())
         entries.push_back({std::string(entry->name), entry->type});
+    if (listing.failed() && entries.empty())
+        return std::nullopt;
     std::ranges::sort(entries, {}, &DirectoryEntry::name);
     return entries;
 }
 
 std::optional<ResourceValues> FileSystem::resourceValues(const Path& path) const {
-    const auto location = locate(m_opener, m_root, path, LastLink::keep);
-    if (!location)
-        return std::nullopt;
-    const auto status = FileStatus::of(location->folder.get(), location->name.c_str());
-    if (!status)
-        return std::nullopt;
-    return ResourceValues{status->type(), status->size(), status->modificationDate()};
+    return valuesAt(locate(m_opener, m_root, path, LastLink::keep));
+}
+
+std::optional<ResourceValues> FileSystem::targetValues(const Path& path) const {
+    return valuesAt(locate(m_opener, m_root, path, LastLink::follow));
 }
 
 Path FileSystem::resolvingLinks(const Path& path) const {

@@ -52,6 +52,9 @@ public:
     /// The values of the entry itself: a link at the end of the path is not followed.
     [[nodiscard]] std::optional<ResourceValues> resourceValues(const Path& path) const;
 
+    /// The values of what stands at the path, links followed.
+    [[nodiscard]] std::optional<ResourceValues> targetValues(const Path& path) const;
+
     /// The path with all links in it resolved. What does not exist, or cannot be resolved, stays as
     /// it is written.
     [[nodiscard]] Path resolvingLinks(const Path& path) const;

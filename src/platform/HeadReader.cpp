@@ -15,13 +15,16 @@ constexpr std::size_t maxWaiting = 64;
 
 } // namespace
 
-HeadReader::HeadReader(const QuietOpener& opener, WalkVisitor& visitor)
-    : m_opener(opener), m_visitor(visitor) {}
+HeadReader::HeadReader(const QuietOpener& opener, WalkVisitor& visitor,
+                       std::function<void()> freeDescriptors)
+    : m_opener(opener), m_visitor(visitor), m_freeDescriptors(std::move(freeDescriptors)) {}
 
 Descriptor HeadReader::open(const char* name) {
     Descriptor descriptor = m_opener.file(m_folder, name);
-    if (!descriptor && (errno == EMFILE || errno == ENFILE) && !m_waiting.empty()) {
+    if (!descriptor && isOutOfDescriptors(errno)) {
+        // A file left out here would be a component that nobody is told of.
         readWaiting();
+        m_freeDescriptors();
         descriptor = m_opener.file(m_folder, name);
     }
     return descriptor;
@@ -39,11 +42,12 @@ void HeadReader::read(const char* name, Answer answer) {
         return;
 
     Head head;
+    ByteView first;
     const int number = descriptor.get();
     OpenFile file(std::move(descriptor), static_cast<std::uint64_t>(status->size()),
                   status->identity());
-    if (const auto first = readWithoutWaiting(number, head)) {
-        answer.tag = m_visitor.classify(FileHead(file, *first));
+    if (!isWaitingForDisk(file, number, head, first)) {
+        answer.tag = m_visitor.classify(FileHead(file, first));
         return;
     }
     m_waiting.push_back({std::move(file), &answer.tag});
@@ -51,22 +55,26 @@ void HeadReader::read(const char* name, Answer answer) {
         readWaiting();
 }
 
-std::optional<ByteView> HeadReader::readWithoutWaiting(int descriptor, Head& head) {
+bool HeadReader::isWaitingForDisk(const OpenFile& file, [[maybe_unused]] int descriptor, Head& head,
+                                  ByteView& first) {
 #ifdef RWF_NOWAIT
     if (m_canAskWithoutWaiting) {
         const iovec target{head.data(), head.size()};
         const auto got = ::preadv2(descriptor, &target, 1, 0, RWF_NOWAIT);
-        if (got >= 0)
-            return ByteView(std::span(head).first(static_cast<std::size_t>(got)));
+        if (got >= 0) {
+            first = ByteView(std::span(head).first(static_cast<std::size_t>(got)));
+            return false;
+        }
         if (errno == EAGAIN) {
             ::posix_fadvise(descriptor, 0, static_cast<off_t>(head.size()), POSIX_FADV_WILLNEED);
-            return std::nullopt;
+            return true;
         }
-        m_canAskWithoutWaiting = false; // not on this kernel, or not on this file system
+        if (errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL)
+            m_canAskWithoutWaiting = false; // not on this file system, or not on this kernel
     }
 #endif
-    const auto got = ::pread(descriptor, head.data(), head.size(), 0);
-    return ByteView(std::span(head).first(got < 0 ? 0 : static_cast<std::size_t>(got)));
+    first = file.read(0, head);
+    return false;
 }
 
 void HeadReader::readWaiting() {

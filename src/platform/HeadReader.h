@@ -7,7 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -18,7 +18,10 @@ namespace veridane {
 /// folder, while the disk is at it.
 class HeadReader {
 public:
-    HeadReader(const QuietOpener& opener, WalkVisitor& visitor);
+    /// `freeDescriptors` is called when the process has none left, to close what can be opened
+    /// again.
+    HeadReader(const QuietOpener& opener, WalkVisitor& visitor,
+               std::function<void()> freeDescriptors);
 
     /// Where the answer about one file goes; must stay valid until `leaveFolder`.
     struct Answer {
@@ -40,11 +43,13 @@ private:
     };
 
     [[nodiscard]] Descriptor open(const char* name);
-    [[nodiscard]] std::optional<ByteView> readWithoutWaiting(int descriptor, Head& head);
+    [[nodiscard]] bool isWaitingForDisk(const OpenFile& file, int descriptor, Head& head,
+                                        ByteView& first);
     void readWaiting();
 
     const QuietOpener& m_opener;
     WalkVisitor& m_visitor;
+    std::function<void()> m_freeDescriptors;
     int m_folder = -1;
     bool m_canAskWithoutWaiting = true;
     std::vector<Waiting> m_waiting;

@@ -13,12 +13,18 @@ namespace {
 
 constexpr int maxLinks = 40; // as many as Linux itself follows
 
+// Folders gone through for one path, over all links and again after each "..". Real paths take some
+// dozens; a path made of nothing but ".." would keep a scan busy for minutes.
+constexpr int maxSteps = 16384;
+
 class Lookup {
 public:
     Lookup(const QuietOpener& opener, const std::string& root) : m_opener(opener), m_root(root) {}
 
     std::optional<Location> run(const Path& path, LastLink lastLink) {
-        if (path.bytes().find('\0') != std::string::npos || !restart())
+        // The system takes no longer path either, nor one with a NUL.
+        if (path.bytes().size() >= PATH_MAX || path.bytes().find('\0') != std::string::npos ||
+            !restart())
             return std::nullopt;
         const Way way = goStraight(path);
         if (way == Way::missing)
@@ -28,6 +34,8 @@ public:
             const std::string component = std::move(m_pending.back());
             m_pending.pop_back();
             const bool isLast = m_pending.empty();
+            if (component == ".")
+                continue; // what stands in front of it has proved to be a folder
             if (component == "..") {
                 if (!goUp())
                     return std::nullopt;
@@ -56,7 +64,7 @@ private:
             const std::size_t slash = components.rfind('/');
             const std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
             const std::string_view component = components.substr(start);
-            if (!component.empty() && component != ".")
+            if (!component.empty())
                 m_pending.emplace_back(component);
             components = components.substr(0, start == 0 ? 0 : slash);
         }
@@ -80,6 +88,8 @@ private:
     }
 
     bool goDown(const std::string& component) {
+        if (++m_steps > maxSteps)
+            return false;
         Descriptor next = m_opener.passage(m_folder.get(), component.c_str());
         if (!next)
             return false;
@@ -127,6 +137,7 @@ private:
     std::string m_resolved; // the components of m_folder, each behind a slash; empty for the root
     std::vector<std::string> m_pending; // the next one last
     int m_links = 0;
+    int m_steps = 0;
 };
 
 } // namespace

@@ -34,6 +34,10 @@ Descriptor openAt(int folder, const char* name, int flags) {
 
 } // namespace
 
+bool isOutOfDescriptors(int error) {
+    return error == EMFILE || error == ENFILE;
+}
+
 Descriptor QuietOpener::open(int folder, const char* name, int flags) const {
     if (withoutAccessTime != 0 && m_keepsAccessTimes.load(std::memory_order_relaxed)) {
         Descriptor quiet = openAt(folder, name, flags | withoutAccessTime);
@@ -60,14 +64,18 @@ Descriptor QuietOpener::passage(int folder, const char* name) const {
 Descriptor QuietOpener::straightPassage([[maybe_unused]] int folder,
                                         [[maybe_unused]] const char* path) const {
 #ifdef SYS_openat2
-    open_how how{};
-    how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
-    how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
-    return Descriptor(static_cast<int>(::syscall(SYS_openat2, folder, path, &how, sizeof how)));
-#else
+    if (m_canGoStraight.load(std::memory_order_relaxed)) {
+        open_how how{};
+        how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+        how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
+        Descriptor found(static_cast<int>(::syscall(SYS_openat2, folder, path, &how, sizeof how)));
+        if (found || errno != ENOSYS)
+            return found;
+        m_canGoStraight.store(false, std::memory_order_relaxed);
+    }
+#endif
     errno = ENOSYS;
     return {};
-#endif
 }
 
 } // namespace veridane

@@ -6,6 +6,9 @@
 
 namespace veridane {
 
+/// Whether an `errno` says that the process, or the machine, has no descriptor left.
+[[nodiscard]] bool isOutOfDescriptors(int error);
+
 /// Opens files and folders for reading without leaving a trace or waiting: close-on-exec, never
 /// blocking on a FIFO, never through a link at the last component, and without a new access time as
 /// long as the system has not refused that once. Safe on any thread.
@@ -26,6 +29,7 @@ private:
     [[nodiscard]] Descriptor open(int folder, const char* name, int flags) const;
 
     mutable std::atomic<bool> m_keepsAccessTimes{true};
+    mutable std::atomic<bool> m_canGoStraight{true};
 };
 
 } // namespace veridane

@@ -17,14 +17,11 @@ constexpr std::size_t maxOpenFolders = 24;
 // Deeper than any path that the system itself could name; only there so that there is an end.
 constexpr std::size_t maxLevels = 100'000;
 
-bool isOutOfDescriptors(int error) {
-    return error == EMFILE || error == ENFILE;
-}
-
 } // namespace
 
 TreeWalk::TreeWalk(const QuietOpener& opener, WalkVisitor& visitor)
-    : m_opener(opener), m_visitor(visitor), m_heads(opener, visitor) {}
+    : m_opener(opener), m_visitor(visitor),
+      m_heads(opener, visitor, [this] { closeFarAncestors(0); }) {}
 
 void TreeWalk::run(Descriptor root) {
     enter(std::move(root));
@@ -60,26 +57,22 @@ void TreeWalk::enter(Descriptor descriptor) {
 }
 
 void TreeWalk::measure(const Folder& folder) {
-    const WalkDetail detail = m_visitor.detail();
-    if (detail == WalkDetail::classifying)
-        return classify(folder);
-    if (detail == WalkDetail::names)
+    if (m_visitor.detail(0) == WalkDetail::names)
         return;
+    const int descriptor = folder.descriptor.get();
+    std::size_t tagged = 0;
+    m_heads.enterFolder(descriptor);
     for (std::size_t i = folder.firstEntry; i < folder.endEntry; ++i) {
         Entry& entry = m_entries[i];
         if (entry.type != EntryType::regularFile)
             continue;
-        if (const auto status = FileStatus::of(folder.descriptor.get(), &m_names[entry.nameStart]))
+        const char* name = &m_names[entry.nameStart];
+        if (m_visitor.detail(tagged) == WalkDetail::classifying)
+            m_heads.read(name, {entry.type, entry.size, entry.tag});
+        else if (const auto status = FileStatus::of(descriptor, name))
             entry.size = status->size();
-    }
-}
-
-void TreeWalk::classify(const Folder& folder) {
-    m_heads.enterFolder(folder.descriptor.get());
-    for (std::size_t i = folder.firstEntry; i < folder.endEntry; ++i) {
-        Entry& entry = m_entries[i];
-        if (entry.type == EntryType::regularFile)
-            m_heads.read(&m_names[entry.nameStart], {entry.type, entry.size, entry.tag});
+        if (entry.tag != 0)
+            ++tagged;
     }
     m_heads.leaveFolder();
 }

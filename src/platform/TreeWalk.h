@@ -20,6 +20,8 @@ namespace veridane {
 class TreeWalk {
 public:
     TreeWalk(const QuietOpener& opener, WalkVisitor& visitor);
+    TreeWalk(const TreeWalk&) = delete;
+    TreeWalk& operator=(const TreeWalk&) = delete;
 
     void run(Descriptor root);
 
@@ -47,7 +49,6 @@ private:
     void visitNext();
     void descend(const Entry& entry);
     void measure(const Folder& folder);
-    void classify(const Folder& folder);
     void closeFarAncestors(std::size_t keptOpen);
     [[nodiscard]] bool reopenParent(int child, Folder& parent) const;
     [[nodiscard]] std::string_view nameOf(const Entry& entry) const {

@@ -61,8 +61,13 @@ public:
     /// One entry in the order of the walk. The answer counts for a directory only.
     virtual Next visit(const WalkEntry& entry) = 0;
 
-    /// Asked once for each folder, when it is entered.
-    [[nodiscard]] virtual WalkDetail detail() const { return WalkDetail::names; }
+    /// Asked when a folder is entered, with 0, and, unless names will do, in front of each of its
+    /// files: `tagged` of those before it in the folder are known to have a mark. Later ones may
+    /// get less detail, never more.
+    [[nodiscard]] virtual WalkDetail detail(std::size_t tagged) const {
+        static_cast<void>(tagged);
+        return WalkDetail::names;
+    }
 
     /// A small mark of the visitor's own for a file's content, handed back with the file's entry.
     /// All files of a folder are classified as it is entered, before anything below it is visited,

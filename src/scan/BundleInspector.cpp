@@ -94,7 +94,7 @@ ScanItem inspect(const FileSystem& files, const Path& bundle, ItemKind kind) {
         executable ? MachOInspector::inspect(files, *executable) : emptyReport;
     BundleWalk walk = walkBundle(files, bundle, executable);
     SignatureIdentity identity = SignatureInspector::inspectBundle(files, bundle, executable);
-    const auto values = files.resourceValues(files.resolvingLinks(bundle));
+    const auto values = files.targetValues(bundle);
     const auto category = textOf(infoPlist, "LSApplicationCategoryType");
 
     ScanItem item;

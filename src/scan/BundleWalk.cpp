@@ -11,7 +11,7 @@ namespace veridane {
 namespace {
 
 // Beyond these a bundle is measured, no longer probed: it would be a whole tool chain.
-constexpr int maxProbedFiles = 4000;
+constexpr std::size_t maxProbedFiles = 4000;
 
 // What a file's content means for its bundle; travels as the tag of its entry.
 enum Content : std::uint8_t { noCode = 0, runsNatively = 1, needsRosetta = 2, incompatible = 3 };
@@ -39,8 +39,9 @@ public:
             m_mainIdentity = file->identity();
     }
 
-    [[nodiscard]] WalkDetail detail() const override {
-        return m_probed < maxProbedFiles ? WalkDetail::classifying : WalkDetail::sizes;
+    [[nodiscard]] WalkDetail detail(std::size_t tagged) const override {
+        // All files visited so far, and those tagged in this folder, come before the next one.
+        return m_probed + tagged < maxProbedFiles ? WalkDetail::classifying : WalkDetail::sizes;
     }
 
     std::uint8_t classify(const FileHead& file) override {
@@ -94,7 +95,7 @@ private:
     const Path& m_bundle;
     const std::optional<Path>& m_mainExecutable;
     std::optional<FileIdentity> m_mainIdentity;
-    int m_probed = 0;
+    std::size_t m_probed = 0;
     BundleWalk m_result;
 };
 

@@ -26,7 +26,7 @@ public:
         tags += entry.tag;
         return entry.name == "closed" ? Next::skipDescendants : Next::descend;
     }
-    [[nodiscard]] WalkDetail detail() const override { return m_detail; }
+    [[nodiscard]] WalkDetail detail(std::size_t) const override { return m_detail; }
     std::uint8_t classify(const FileHead& file) override {
         return file.first().size() == 3 ? 1 : 0;
     }
