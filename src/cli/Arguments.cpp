@@ -1,6 +1,7 @@
 #include "cli/Arguments.h"
 
 #include "cli/Console.h"
+#include "platform/Text.h"
 #include "platform/Version.h"
 
 #include <CLI/CLI.hpp>
@@ -73,6 +74,40 @@ CLI::Validator oneOf(const Names<Value>& names) {
         "");
 }
 
+// "a, b" gives "a" and "b"; an empty element stays, for the check to refuse it.
+std::vector<std::string> elementsOf(std::string_view list) {
+    std::vector<std::string> elements;
+    for (;;) {
+        const auto comma = list.find(',');
+        elements.push_back(text::trimmed(list.substr(0, comma)));
+        if (comma == std::string_view::npos)
+            return elements;
+        list.remove_prefix(comma + 1);
+    }
+}
+
+template <typename Value>
+CLI::Validator listOf(const Names<Value>& names) {
+    return CLI::Validator(
+        [isElement = oneOf(names)](const std::string& given) {
+            for (const std::string& element : elementsOf(given)) {
+                if (std::string error = isElement(element); !error.empty())
+                    return error;
+            }
+            return std::string();
+        },
+        "");
+}
+
+// What a script passes of a variable that is not set must not fall back to this machine.
+CLI::Validator notEmpty() {
+    return CLI::Validator(
+        [](const std::string& given) {
+            return std::string(given.empty() ? "must not be empty" : "");
+        },
+        "");
+}
+
 constexpr const char* programDescription =
     "Finds the software on a Mac that depends on Rosetta 2, which macOS 28 takes away.\n"
     "Only reads; nothing on the examined disk is changed.";
@@ -108,22 +143,28 @@ cannot be written.)";
 
 // What the library stores of the options, before it means anything.
 struct Texts {
-    std::string volume;
+    std::optional<std::string> volume;
     std::string language = "de";
     std::vector<std::string> homes;
     std::vector<std::string> include;
     std::vector<std::string> exclude;
     std::string scanFormat = "summary";
     std::string inspectFormat = "text";
-    std::string outputFile;
+    std::optional<std::string> outputFile;
     std::string failOn;
     bool noProgress = false;
     std::vector<std::string> paths;
 };
 
+void addVersion(CLI::App& command) {
+    command.set_version_flag("--version", std::string("Veridane ") + productVersion);
+}
+
 void addCommonOptions(CLI::App& command, Texts& texts) {
+    addVersion(command);
     command.add_option("--volume", texts.volume, "Root folder of the Mac to examine (default: /)")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check(notEmpty());
     command
         .add_option("--language", texts.language, "Language of the results: de or en (default: de)")
         ->type_name("LANGUAGE")
@@ -137,24 +178,24 @@ CLI::App* addScan(CLI::App& program, Texts& texts) {
                      "A home folder on the volume, such as /Users/anna; can be repeated\n"
                      "(default: all in /Users of the volume; without one, your own)")
         ->type_name("PATH")
-        ->allow_extra_args(false);
+        ->allow_extra_args(false)
+        ->check(notEmpty());
     scan->add_option("--include", texts.include, "Categories to scan instead of the default ones")
         ->type_name("LIST")
-        ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(oneOf(categories()));
+        ->check(listOf(categories()));
     scan->add_option("--exclude", texts.exclude, "Categories to leave out")
         ->type_name("LIST")
-        ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(oneOf(categories()));
+        ->check(listOf(categories()));
     scan->add_option("--format", texts.scanFormat,
                      "summary, csv, json, markdown or snapshot (default: summary)")
         ->type_name("FORMAT")
         ->check(oneOf(scanFormats()));
     scan->add_option("-o,--output", texts.outputFile,
                      "Write the result to FILE, whole or not at all")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(notEmpty());
     scan->add_option("--fail-on", texts.failOn,
                      "attention: exit with 1 if something needs attention before macOS 28")
         ->type_name("WHAT")
@@ -166,7 +207,10 @@ CLI::App* addScan(CLI::App& program, Texts& texts) {
 
 CLI::App* addInspect(CLI::App& program, Texts& texts) {
     CLI::App* inspect = program.add_subcommand("inspect", inspectDescription);
-    inspect->add_option("PATH", texts.paths, "Files or bundles")->required()->type_name("");
+    inspect->add_option("PATH", texts.paths, "Files or bundles")
+        ->required()
+        ->type_name("")
+        ->check(notEmpty());
     addCommonOptions(*inspect, texts);
     inspect->add_option("--format", texts.inspectFormat, "text or json (default: text)")
         ->type_name("FORMAT")
@@ -175,21 +219,25 @@ CLI::App* addInspect(CLI::App& program, Texts& texts) {
     return inspect;
 }
 
+void set(ScanOptions& options, const std::vector<std::string>& lists, bool isIncluded) {
+    for (const std::string& list : lists) {
+        for (const std::string& name : elementsOf(list))
+            options.*valueOf(categories(), name) = isIncluded;
+    }
+}
+
 ScanOptions optionsFrom(const Texts& texts) {
     ScanOptions options;
     if (!texts.include.empty()) {
         options = {false, false, false, false, false, false};
-        for (const std::string& name : texts.include)
-            options.*valueOf(categories(), name) = true;
+        set(options, texts.include, true);
     }
-    for (const std::string& name : texts.exclude)
-        options.*valueOf(categories(), name) = false;
+    set(options, texts.exclude, false);
     return options;
 }
 
 void fillCommon(CommonArguments& arguments, const Texts& texts) {
-    if (!texts.volume.empty())
-        arguments.volume = texts.volume;
+    arguments.volume = texts.volume;
     arguments.language = valueOf(languages(), texts.language);
 }
 
@@ -199,8 +247,7 @@ ScanArguments scanArguments(const Texts& texts) {
     arguments.homes = texts.homes;
     arguments.options = optionsFrom(texts);
     arguments.format = valueOf(scanFormats(), texts.scanFormat);
-    if (!texts.outputFile.empty())
-        arguments.outputFile = texts.outputFile;
+    arguments.outputFile = texts.outputFile;
     arguments.failsOnAttention = !texts.failOn.empty();
     arguments.showsProgress = !texts.noProgress;
     return arguments;
@@ -214,6 +261,14 @@ InspectArguments inspectArguments(const Texts& texts) {
     return arguments;
 }
 
+// The library would take "[a]" for a list of values. As a path it means the same behind "./".
+void protectBrackets(std::vector<std::string>& arguments) {
+    for (std::string& argument : arguments) {
+        if (argument.starts_with('[') && argument.ends_with(']'))
+            argument.insert(0, "./");
+    }
+}
+
 std::string firstLine(const std::string& text) {
     return text.substr(0, text.find('\n'));
 }
@@ -224,12 +279,13 @@ std::variant<ScanArguments, InspectArguments, Answer>
 parseArguments(std::vector<std::string> arguments) {
     CLI::App program(programDescription, programName);
     Texts texts;
-    program.set_version_flag("--version", std::string("Veridane ") + productVersion);
+    addVersion(program);
     program.require_subcommand(1);
     program.footer("\n\"veridane-cli scan --help\" and \"veridane-cli inspect --help\" tell more.");
     const CLI::App* scan = addScan(program, texts);
     addInspect(program, texts);
     try {
+        protectBrackets(arguments);
         std::ranges::reverse(arguments); // the library takes them from the end
         program.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {

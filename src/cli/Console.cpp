@@ -8,6 +8,11 @@ void complain(const Console& console, std::string_view message) {
     console.err << programName << ": " << text::printable(message) << '\n' << std::flush;
 }
 
+bool mayDeliver(const Console& console, const std::stop_token& stop) {
+    console.endCancelling();
+    return !stop.stop_requested();
+}
+
 bool print(const Console& console, std::string_view text) {
     console.out << text << std::flush;
     if (console.out)

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <ostream>
+#include <stop_token>
 #include <string_view>
 
 namespace veridane::cli {
@@ -11,6 +14,9 @@ struct Console {
     std::ostream& err;
     bool coloursOut = false;    // `out` is a terminal that wants colours
     bool showsProgress = false; // `err` is a terminal
+    std::size_t columns = 80;   // of that terminal
+    std::function<void()> endCancelling = [] {
+    }; // Ctrl-C requests no stop from then on
 };
 
 inline constexpr const char* programName = "veridane-cli";
@@ -25,6 +31,10 @@ enum ExitStatus : int {
 
 /// One line on `err` with the program's name in front.
 void complain(const Console& console, std::string_view message);
+
+/// Whether no stop has been requested until now. From here on Ctrl-C ends the process at once: a
+/// result may wait for ever for somebody who reads it.
+[[nodiscard]] bool mayDeliver(const Console& console, const std::stop_token& stop);
 
 /// Text on `out`; false, with a line on `err`, if it does not get there.
 [[nodiscard]] bool print(const Console& console, std::string_view text);

@@ -27,19 +27,40 @@ ItemKind kindOfBundle(const Path& path) {
 }
 
 ScanItem judge(const FileSystem& files, const Path& path) {
-    const auto values = files.resourceValues(files.resolvingLinks(path));
+    const auto values = files.targetValues(path);
     if (values && values->type == EntryType::directory)
         return BundleInspector::inspect(files, path, kindOfBundle(path));
     return describeFile(files, {path, ItemKind::commandLineTool, {}});
 }
 
-// A path of this machine may be relative; one of a volume is always meant from its root.
-Path absolute(const std::string& path, bool onVolume) {
+// "./X" is shown as "X". A ".." stays: behind a link it leads elsewhere than the text says.
+std::filesystem::path withoutDots(const std::filesystem::path& path) {
+    std::filesystem::path result;
+    for (const auto& component : path) {
+        if (component != ".")
+            result /= component;
+    }
+    return result;
+}
+
+// A path of this machine may be relative; one of a volume is always meant from its root. Nothing
+// where the current folder is gone.
+std::optional<Path> absolute(const std::string& path, bool onVolume) {
     if (onVolume)
-        return Path(path);
+        return Path(withoutDots(path).string());
     std::error_code error;
     const auto whole = std::filesystem::absolute(path, error);
-    return Path(error ? path : whole.string());
+    if (error)
+        return std::nullopt;
+    return Path(withoutDots(whole).string());
+}
+
+std::string absence(const std::string& path, bool onVolume) {
+    std::error_code error;
+    // What a volume's path leads to is no business of this machine's own lookup.
+    if (onVolume || std::filesystem::exists(path, error) || !error)
+        return path + " does not exist";
+    return path + " cannot be reached: " + error.message();
 }
 
 } // namespace
@@ -49,22 +70,25 @@ ExitStatus inspect(const InspectArguments& arguments, const Console& console,
     const auto files = openVolume(arguments.volume, console);
     if (!files)
         return failure;
+    const bool onVolume = arguments.volume.has_value();
     ExitStatus status = success;
     std::vector<ScanItem> items;
     for (const std::string& text : arguments.paths) {
         if (stop.stop_requested())
             return interrupted;
-        const Path path = absolute(text, arguments.volume.has_value());
-        if (files->exists(path)) {
-            items.push_back(judge(*files, path));
+        const auto path = absolute(text, onVolume);
+        if (path && files->exists(*path)) {
+            items.push_back(judge(*files, *path));
         } else {
-            complain(console, text + " does not exist");
+            complain(console, absence(text, onVolume));
             status = failure;
         }
     }
     const std::string result = arguments.format == InspectFormat::json
                                    ? inspectionJson(items)
                                    : inspectionText(items, console.coloursOut);
+    if (!mayDeliver(console, stop))
+        return interrupted;
     return print(console, result) ? status : failure;
 }
 

@@ -20,27 +20,28 @@ std::vector<ScanItem> scanItems(const FileSystem& files, const SearchLocations& 
                                 const std::stop_token& stop) {
     if (!arguments.showsProgress || !console.showsProgress)
         return SystemScanner::scan(files, locations, arguments.options, {}, stop);
-    ProgressBar bar(console.err);
+    ProgressBar bar(console.err, console.columns);
     return SystemScanner::scan(
         files, locations, arguments.options,
         [&bar](const ScanProgress& progress) { bar.show(progress); }, stop);
 }
 
-std::string resultText(const ScanArguments& arguments, std::vector<ScanItem> items, bool coloured) {
+std::optional<std::string> resultText(const ScanArguments& arguments, std::vector<ScanItem> items,
+                                      bool coloured) {
     switch (arguments.format) {
     case ScanFormat::summary:
         return scanSummary(items, coloured);
     case ScanFormat::csv:
         return ReportExporter::csvReport(items);
     case ScanFormat::json:
-        return ReportExporter::jsonReport(items).value_or(std::string());
+        return ReportExporter::jsonReport(items);
     case ScanFormat::markdown:
         return ReportExporter::markdownReport(items);
     case ScanFormat::snapshot:
         return json::snapshotText(
             {.scannedAt = now(), .options = arguments.options, .items = std::move(items)});
     }
-    return {};
+    return std::nullopt;
 }
 
 bool anyNeedsAttention(const std::vector<ScanItem>& items) {
@@ -74,7 +75,14 @@ ExitStatus scan(const ScanArguments& arguments, const Console& console,
         return interrupted;
     const bool fails = arguments.failsOnAttention && anyNeedsAttention(items);
     const bool coloured = console.coloursOut && !arguments.outputFile;
-    if (!deliver(arguments, console, resultText(arguments, std::move(items), coloured)))
+    const auto text = resultText(arguments, std::move(items), coloured);
+    if (!text) {
+        complain(console, "the report cannot be made");
+        return failure;
+    }
+    if (!mayDeliver(console, stop))
+        return interrupted;
+    if (!deliver(arguments, console, *text))
         return failure;
     return fails ? attentionNeeded : success;
 }

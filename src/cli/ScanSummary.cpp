@@ -54,6 +54,10 @@ std::array<std::size_t, columnCount - 1> widthsOf(const std::vector<Row>& rows) 
     return widths;
 }
 
+std::string cell(std::string_view text, std::size_t width) {
+    return padded(clipped(text, width), width);
+}
+
 std::string counts(const std::vector<Judged>& judged, const Style& style) {
     std::string text;
     for (int value = 0; value < urgencyCount; ++value) {
@@ -81,9 +85,9 @@ std::string groupsOf(std::span<const Judged> needy, const Style& style) {
                                                 needy[i].item->hasHiddenRosettaDependency(), false);
             text += "\n" + style.inColourOf(urgency, "● " + recommendation.verdict) + "\n";
         }
-        text += "  " + style.bold(padded(rows[i][0], widths[0]));
-        text += "  " + padded(rows[i][1], widths[1]);
-        text += "  " + padded(rows[i][2], widths[2]);
+        text += "  " + style.bold(cell(rows[i][0], widths[0]));
+        text += "  " + cell(rows[i][1], widths[1]);
+        text += "  " + cell(rows[i][2], widths[2]);
         text += "  " + style.dim(rows[i][3]) + "\n";
     }
     return text;
@@ -100,6 +104,8 @@ std::string scanSummary(std::span<const ScanItem> items, bool coloured) {
     std::string text =
         style.bold(localized("Geprüfte Objekte: %@", std::to_string(items.size()))) + "\n\n";
     text += counts(judged, style) + "\n";
+    if (items.empty())
+        return text + localized("Nichts gefunden, was sich prüfen ließe.") + "\n";
     if (needy.empty())
         return text + localized("Bereit – keine App ist auf Rosetta angewiesen.") + "\n";
     text += style.bold(localized("Handlungsbedarf") + ": " + std::to_string(needy.size())) + "\n";

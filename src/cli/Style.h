@@ -22,6 +22,9 @@ private:
     bool m_coloured;
 };
 
+/// Printable text of at most `width` columns (one or more); where it is cut, "…" tells so.
+[[nodiscard]] std::string clipped(std::string_view text, std::size_t width);
+
 /// Printable text, filled with blanks to `width` columns.
 [[nodiscard]] std::string padded(std::string_view text, std::size_t width);
 

@@ -18,7 +18,7 @@ std::vector<Path> ownHome() {
 }
 
 bool isDirectory(const FileSystem& files, const Path& path) {
-    const auto values = files.resourceValues(files.resolvingLinks(path));
+    const auto values = files.targetValues(path);
     return values && values->type == EntryType::directory;
 }
 
@@ -27,7 +27,8 @@ bool isDirectory(const FileSystem& files, const Path& path) {
 std::unique_ptr<FileSystem> openVolume(const std::optional<std::string>& directory,
                                        const Console& console) {
     auto files = std::make_unique<FileSystem>(directory.value_or("/"));
-    if (files->list(Path("/")))
+    // Not by listing it: a root that may only be gone through can be scanned all the same.
+    if (isDirectory(*files, Path("/")))
         return files;
     complain(console, directory.value_or("/") + " is no folder that can be read");
     return nullptr;

@@ -12,7 +12,7 @@
 namespace veridane::cli {
 
 /// The files below the directory that the user names, else those of this machine. Nothing, with a
-/// line on the console, if it is no directory that can be read.
+/// line on the console, if it is no directory that can be entered.
 [[nodiscard]] std::unique_ptr<FileSystem> openVolume(const std::optional<std::string>& directory,
                                                      const Console& console);
 

@@ -1,13 +1,27 @@
 #include "cli/Commands.h"
 #include "cli/Interruption.h"
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <string_view>
 
 namespace {
+
+// Else the first files that we open take the place of a closed standard descriptor, and what is
+// printed ends up in them. For reading only, so that printing fails and is told.
+void fillStandardDescriptors() {
+    int descriptor = 0;
+    do
+        descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0)
+        ::close(descriptor);
+}
 
 bool isSet(const char* variable) {
     const char* value = std::getenv(variable);
@@ -19,16 +33,28 @@ bool isDumbTerminal() {
     return terminal && std::string_view(terminal) == "dumb";
 }
 
+std::size_t terminalColumns() {
+    struct winsize size {};
+    if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+        return 80; // what a terminal has that does not tell
+    return size.ws_col;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    fillStandardDescriptors();
+    // A reader that goes away is an output that cannot be written, and told like any other.
+    std::signal(SIGPIPE, SIG_IGN);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
+    veridane::cli::Interruption interruption;
     const veridane::cli::Console console{
         .out = std::cout,
         .err = std::cerr,
         .coloursOut = ::isatty(STDOUT_FILENO) && !isSet("NO_COLOR") && !isDumbTerminal(),
         .showsProgress = ::isatty(STDERR_FILENO) && !isDumbTerminal(),
+        .columns = terminalColumns(),
+        .endCancelling = [&interruption] { interruption.release(); },
     };
-    const veridane::cli::Interruption interruption;
     return veridane::cli::run(arguments, console, interruption.token());
 }

@@ -19,6 +19,7 @@ using Failure = std::optional<std::string>;
 
 constexpr int maxLinks = 40; // as many as the kernel follows
 constexpr mode_t newFileMode = 0666;
+constexpr mode_t privateMode = 0600;    // until the new file has the old one's group
 constexpr mode_t permissionBits = 0777; // set-user-ID does not pass on to new content
 
 Failure systemFailure(int error = errno) {
@@ -125,16 +126,33 @@ Failure writeInPlace(const std::string& path, std::string_view content) {
     return closeChecked(file);
 }
 
-Failure replaceFile(const std::string& path, std::optional<mode_t> oldMode,
+/// Only the superuser may give a file away; its owner may still pass on a group of his.
+bool hasTakenGroup(int file, const struct stat& old) {
+    constexpr auto sameOwner = static_cast<uid_t>(-1);
+    if (::fchown(file, old.st_uid, old.st_gid) == 0 || ::fchown(file, sameOwner, old.st_gid) == 0)
+        return true;
+    struct stat status {};
+    return ::fstat(file, &status) == 0 && status.st_gid == old.st_gid;
+}
+
+/// As far as the system lets us: a file system without owners and permissions refuses, and then
+/// none are missing.
+void takeOwnerAndMode(int file, const struct stat& old) {
+    mode_t mode = old.st_mode & permissionBits;
+    // Whoever is in another group was one of the others until now.
+    if (!hasTakenGroup(file, old))
+        mode = (mode & ~mode_t{S_IRWXG}) | ((mode & S_IRWXO) << 3);
+    static_cast<void>(::fchmod(file, mode));
+}
+
+Failure replaceFile(const std::string& path, const std::optional<struct stat>& old,
                     std::string_view content) {
     const std::string directory = directoryOf(path);
-    TemporaryFile temporary(directory, oldMode.value_or(newFileMode));
+    TemporaryFile temporary(directory, old ? privateMode : newFileMode);
     if (!temporary.file())
         return systemFailure();
-    // Gives back what the umask took. A file system without permissions refuses, and then none
-    // are missing.
-    if (oldMode)
-        static_cast<void>(::fchmod(temporary.file().get(), *oldMode));
+    if (old)
+        takeOwnerAndMode(temporary.file().get(), *old);
 
     if (auto failure = writeAll(temporary.file(), content))
         return failure;
@@ -162,10 +180,7 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     const auto target = behindLinks(path);
     if (!target)
         return systemFailure();
-    std::optional<mode_t> oldMode;
-    if (exists)
-        oldMode = status.st_mode & permissionBits;
-    return replaceFile(*target, oldMode, content);
+    return replaceFile(*target, exists ? std::optional(status) : std::nullopt, content);
 }
 
 } // namespace veridane

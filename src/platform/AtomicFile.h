@@ -8,9 +8,10 @@ namespace veridane {
 
 /// Writes a whole file of this machine so that a reader sees the old content or the new one and
 /// nothing between: through a temporary file in the same directory, flushed to the disk and
-/// renamed. What exists and is no regular file, such as /dev/null or a pipe, is written to as it
-/// stands and never replaced; a link is followed. Gives the system's description of the failure, or
-/// nothing on success.
+/// renamed. A file that is replaced hands on its permissions, and its owner and group where that is
+/// allowed; another group gets no more than everybody had. What exists and is no regular file, such
+/// as /dev/null or a pipe, is written to as it stands and never replaced; a link is followed. Gives
+/// the system's description of the failure, or nothing on success.
 [[nodiscard]] std::optional<std::string> writeFileAtomically(const std::string& path,
                                                              std::string_view content);
 

@@ -1,6 +1,5 @@
 #include "platform/PathLookup.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -54,8 +53,7 @@ public:
 private:
     bool restart() {
         m_resolved.clear();
-        // The root itself is a path of this machine and may be a link.
-        m_folder = Descriptor(::open(m_root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        m_folder = m_opener.root(m_root.c_str());
         return static_cast<bool>(m_folder);
     }
 

@@ -61,6 +61,10 @@ Descriptor QuietOpener::passage(int folder, const char* name) const {
     return openAt(folder, name, search | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
 }
 
+Descriptor QuietOpener::root(const char* path) const {
+    return openAt(AT_FDCWD, path, search | O_DIRECTORY | O_CLOEXEC);
+}
+
 Descriptor QuietOpener::straightPassage([[maybe_unused]] int folder,
                                         [[maybe_unused]] const char* path) const {
 #ifdef SYS_openat2

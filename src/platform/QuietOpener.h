@@ -21,6 +21,9 @@ public:
     /// A folder only to go through: needs no permission to list it.
     [[nodiscard]] Descriptor passage(int folder, const char* name) const;
 
+    /// The same for a folder of this machine, which may be a link.
+    [[nodiscard]] Descriptor root(const char* path) const;
+
     /// The same for a folder several names down, if there is neither a link nor ".." on the way.
     /// ENOENT says that a folder is missing; every other error that nothing is known.
     [[nodiscard]] Descriptor straightPassage(int folder, const char* path) const;

@@ -10,7 +10,8 @@ namespace veridane::cli {
 namespace {
 
 TEST(Interruption, TheFirstSignalRequestsAStop) {
-    const Interruption interruption;
+    std::signal(SIGINT, SIG_DFL); // a background job of a script begins with it ignored
+    Interruption interruption;
     std::mutex mutex;
     std::condition_variable stopped;
     bool isStopped = false;
