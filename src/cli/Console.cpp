@@ -9,7 +9,8 @@ void complain(const Console& console, std::string_view message) {
 }
 
 bool mayDeliver(const Console& console, const std::stop_token& stop) {
-    console.endCancelling();
+    if (console.endCancelling)
+        console.endCancelling();
     return !stop.stop_requested();
 }
 

@@ -15,8 +15,9 @@ struct Console {
     bool coloursOut = false;    // `out` is a terminal that wants colours
     bool showsProgress = false; // `err` is a terminal
     std::size_t columns = 80;   // of that terminal
-    std::function<void()> endCancelling = [] {
-    }; // Ctrl-C requests no stop from then on
+
+    /// If there is one, called before a result is delivered: from then on Ctrl-C requests no stop.
+    std::function<void()> endCancelling;
 };
 
 inline constexpr const char* programName = "veridane-cli";
