@@ -2,6 +2,7 @@
 
 #include "platform/Language.h"
 #include "platform/Text.h"
+#include "platform/UnicodeStrings.h"
 
 #include <unicode/coll.h>
 #include <unicode/datefmt.h>
@@ -9,6 +10,7 @@
 #include <unicode/measunit.h>
 #include <unicode/numberformatter.h>
 #include <unicode/timezone.h>
+#include <unicode/ures.h>
 
 #include <array>
 #include <chrono>
@@ -17,27 +19,30 @@
 namespace veridane {
 namespace {
 
-icu::UnicodeString unicode(std::string_view text) {
-    return icu::UnicodeString::fromUTF8(
-        icu::StringPiece(text.data(), static_cast<int32_t>(text.size())));
-}
-
-std::string utf8(const icu::UnicodeString& text) {
-    std::string bytes;
-    return text.toUTF8String(bytes);
-}
+using unicode::decoded;
+using unicode::encoded;
 
 std::string localeOfLanguage() {
     return language() == Language::english ? "en" : "de";
+}
+
+/// Whether ICU has data for a language. It formats for any other all the same, in a form that
+/// nobody uses ("2027 M03 1").
+bool isKnown(std::string_view languageCode) {
+    // By length first: the code may be anything, but names a resource below.
+    if (languageCode.size() != 2 && languageCode.size() != 3)
+        return false;
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::LocalUResourceBundlePointer data(
+        ures_openDirect(nullptr, std::string(languageCode).c_str(), &status));
+    return U_SUCCESS(status);
 }
 
 /// The identifier for a locale as POSIX spells it ("de_DE.UTF-8"); that of the language in force
 /// for C and POSIX, with or without an encoding, and for what is no locale at all.
 std::string localeNamed(const char* posixName) {
     const auto locale = icu::Locale::createCanonical(posixName);
-    const std::string_view languageCode = locale.getLanguage();
-    const bool isReal = !locale.isBogus() &&
-                        (languageCode.size() == 2 || languageCode.size() == 3) &&
+    const bool isReal = !locale.isBogus() && isKnown(locale.getLanguage()) &&
                         std::string_view(locale.getVariant()) != "POSIX";
     return isReal ? locale.getName() : localeOfLanguage();
 }
@@ -79,7 +84,7 @@ std::string Collation::key(std::string_view text) const {
     if (!collator)
         return text::lowercased(text);
 
-    const auto characters = unicode(text);
+    const auto characters = decoded(text);
     std::array<std::uint8_t, 128> usual{}; // names are short: one call is enough for nearly all
     const int32_t size =
         collator->getSortKey(characters, usual.data(), static_cast<int32_t>(usual.size()));
@@ -96,10 +101,11 @@ std::string formatDateTime(Date date, const std::string& locale, const std::stri
     if (!format)
         return formatISO8601(date);
     if (!timeZone.empty())
-        format->adoptTimeZone(icu::TimeZone::createTimeZone(unicode(timeZone)));
+        format->adoptTimeZone(icu::TimeZone::createTimeZone(decoded(timeZone)));
     const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date);
     icu::UnicodeString text;
-    return utf8(format->format(static_cast<UDate>(milliseconds.time_since_epoch().count()), text));
+    return encoded(
+        format->format(static_cast<UDate>(milliseconds.time_since_epoch().count()), text));
 }
 
 std::string formatByteCount(std::int64_t bytes, const std::string& locale) {
@@ -131,7 +137,7 @@ std::string formatByteCount(std::int64_t bytes, const std::string& locale) {
                                .precision(icu::number::Precision::maxFraction(step->digits))
                                .formatDouble(value, status);
     const auto text = formatted.toString(status);
-    return U_SUCCESS(status) ? utf8(text) : std::to_string(bytes);
+    return U_SUCCESS(status) ? encoded(text) : std::to_string(bytes);
 }
 
 } // namespace veridane

@@ -10,8 +10,8 @@
 namespace veridane {
 
 /// The user's locale, as an identifier such as "de_DE". An environment that names none (unset, C or
-/// POSIX) gives the language in force instead: sorting capitals first or dates in a programmer's
-/// form would help nobody.
+/// POSIX) or one that ICU does not know gives the language in force instead: sorting capitals first
+/// or dates in a programmer's form would help nobody.
 [[nodiscard]] std::string userLocale();
 
 /// The order of names as people expect it: by the locale's alphabet, with case playing no part.

@@ -10,12 +10,16 @@
 
 namespace veridane {
 
-/// A property list whose root is a dictionary, in the XML or the binary form. A damaged or hostile
+/// A property list whose root is a dictionary, in the binary form or in XML, as UTF-8 or as UTF-16
+/// with a byte order mark. A damaged or hostile
 /// list (nested without end, unfolding shared objects, keys that are no text) is simply not one.
 class PropertyList {
 public:
     /// Files above this size are no property list that anybody meant, in bytes.
     static constexpr std::uint64_t maxFileSize = std::uint64_t{64} << 20;
+
+    /// A longer text is no name or path, but would go through everything that we show and write.
+    static constexpr std::uint64_t maxTextSize = std::uint64_t{64} << 10; // bytes of UTF-8
 
     [[nodiscard]] static std::optional<PropertyList> parse(ByteView bytes);
 
@@ -23,10 +27,12 @@ public:
     PropertyList(PropertyList&&) noexcept;
     PropertyList& operator=(PropertyList&&) noexcept;
 
-    /// The text under a key of the root; nothing if there is none or it is of another type.
+    /// The text under a key of the root; nothing if there is none, or it is of another type or
+    /// above `maxTextSize`.
     [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
 
-    /// The list of texts under a key; nothing if it is missing, no list, or holds anything else.
+    /// The list of texts under a key; nothing if it is missing, no list, or holds anything else or
+    /// a text above `maxTextSize`.
     [[nodiscard]] std::optional<std::vector<std::string>> textList(std::string_view key) const;
 
 private:

@@ -41,19 +41,22 @@ private:
             return pass("<!--", "-->").has_value();
         if (startsWith("<![CDATA["))
             return pass("<![CDATA[", "]]>").has_value();
-        if (startsWith("<?"))
-            return passQuoting("<?", "?>").has_value();
+        if (startsWith("<?")) // "<?>" is whole for libplist
+            return passQuoting("<", "?>").has_value();
         if (startsWith("<!")) {
             // Entities that a document declares itself can multiply.
             const auto declaration = passQuoting("<!", ">");
             return declaration && declaration->find('[') == std::string_view::npos;
         }
         const auto tag = passQuoting("<", ">");
-        if (!tag)
+        // libplist reads a name up to a zero, but skips as many bytes as stood there at first.
+        if (!tag || tag->find('\0') != std::string_view::npos)
             return false;
         const auto text = m_text.substr(m_textStart, start - m_textStart);
         m_textStart = m_position;
-        return countText(text, tag->starts_with("/key")) && countDepth(*tag);
+        const bool isKey =
+            tag->starts_with("/key") || (tag->starts_with("key") && tag->ends_with('/'));
+        return countText(text, isKey) && countDepth(*tag);
     }
 
     bool startsWith(std::string_view opening) const {
@@ -81,29 +84,40 @@ private:
     }
 
     /// libplist moves the whole text at each entity in it, and compares a key with all before it
-    /// when their hashes agree.
+    /// in its dictionary when their hashes agree.
     bool countText(std::string_view text, bool isKey) {
         constexpr std::uint64_t bytesOfAComparison = 64; // its cost, however short the keys are
         const auto entities = static_cast<std::uint64_t>(std::ranges::count(text, '&'));
         m_repeatedBytes += entities * text.size();
         if (isKey)
-            m_repeatedBytes += m_keys++ * (bytesOfAComparison + text.size());
+            m_repeatedBytes += m_dictionaries.back().keys++ * (bytesOfAComparison + text.size());
         return m_repeatedBytes <= maxRepeatedBytes;
     }
 
     bool countDepth(std::string_view tag) {
-        if (tag.starts_with('/'))
+        if (tag.starts_with('/')) {
+            if (m_dictionaries.size() > 1 && m_dictionaries.back().depth == m_depth)
+                m_dictionaries.pop_back();
             return m_depth-- > 0;
+        }
         m_depth += tag.ends_with('/') ? 0 : 1;
+        // Spelled in any other way, the keys of a dictionary count for the one around it.
+        if (tag == "dict")
+            m_dictionaries.push_back({m_depth});
         return m_depth <= maxDepth;
     }
+
+    struct OpenDictionary {
+        std::size_t depth;
+        std::uint64_t keys = 0;
+    };
 
     std::string_view m_text;
     std::size_t m_position = 0;
     std::size_t m_textStart = 0; // behind the last tag; comments do not end a text
     std::size_t m_depth = 0;
     std::uint64_t m_nodes = 0;
-    std::uint64_t m_keys = 0;
+    std::vector<OpenDictionary> m_dictionaries = {{0}}; // never empty
     std::uint64_t m_repeatedBytes = 0;
 };
 

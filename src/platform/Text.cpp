@@ -1,13 +1,17 @@
 #include "platform/Text.h"
 
+#include "platform/UnicodeStrings.h"
+
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
 
 namespace veridane::text {
 namespace {
+
+using unicode::decoded;
+using unicode::encoded;
 
 constexpr UChar32 replacementCharacter = 0xFFFD;
 constexpr UChar32 zeroWidthNonJoiner = 0x200C;
@@ -19,17 +23,6 @@ bool isAscii(std::string_view text) {
 
 bool isPrintableAscii(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
-}
-
-/// Bad sequences are U+FFFD in the result, as Unicode recommends.
-icu::UnicodeString decoded(std::string_view bytes) {
-    return icu::UnicodeString::fromUTF8(
-        icu::StringPiece(bytes.data(), static_cast<int32_t>(bytes.size())));
-}
-
-std::string encoded(const icu::UnicodeString& text) {
-    std::string bytes;
-    return text.toUTF8String(bytes);
 }
 
 template <typename Visit>
