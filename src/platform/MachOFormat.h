@@ -17,8 +17,9 @@ constexpr std::uint64_t tableEntrySize(std::uint32_t magic) {
     return magic == wideUniversalMagic ? 32 : 20;
 }
 
-/// Real files have up to six. A Java class file begins with the universal magic too, and its version
-/// stands where the number of entries would be: those of Java 20 and later exceed this limit.
+/// Real files have up to six. A Java class file begins with the universal magic too, and its
+/// version stands where the number of entries would be: those of Java 20 and later exceed this
+/// limit.
 inline constexpr std::uint32_t maxTableEntries = 63;
 
 inline constexpr std::uint32_t cpuTypeArm64 = 0x0100000C;
