@@ -1,238 +1,260 @@
 #include "cli/Commands.h"
 
+#include "cli/Interruption.h"
+#include "cli/Style.h"
 #include "platform/Language.h"
-#include "support/VolumeBuilder.h"
+#include "sample/SampleVolume.h"
+#include "support/VolumeTest.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <csignal>
+#include <future>
 #include <sstream>
 
 namespace veridane::cli {
 namespace {
 
 using namespace test;
+using namespace std::string_literals;
+using Json = nlohmann::ordered_json;
 
-struct Outcome {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-class Commands : public ::testing::Test {
+class Commands : public VolumeTest {
 protected:
     ~Commands() override { setLanguage(Language::german); }
 
-    // Runs a command on the volume, unless the arguments say otherwise.
-    Outcome call(std::vector<std::string> arguments, bool stopped = false, bool terminal = false) {
-        std::ostringstream out;
-        std::ostringstream err;
+    /// Runs a command line and gives the exit status. VOLUME stands for the volume's place, EMPTY
+    /// for an argument without any text.
+    int call(const std::string& line) {
+        std::istringstream words(line);
+        Texts arguments(std::istream_iterator<std::string>(words), {});
+        std::ranges::replace(arguments, "VOLUME", volume.root());
+        std::ranges::replace(arguments, "EMPTY", "");
+        return call(arguments);
+    }
+    int call(const Texts& arguments) {
+        std::ostringstream outStream, errStream;
         std::stop_source stop;
-        if (stopped)
+        if (isStopped)
             stop.request_stop();
-        const Console console{
-            .out = out, .err = err, .coloursOut = terminal, .showsProgress = terminal};
+        const Console console{outStream, errStream, isOnTerminal, isOnTerminal};
         const int status = run(arguments, console, stop.get_token());
-        return {status, out.str(), err.str()};
+        out = outStream.str();
+        err = errStream.str();
+        return status;
     }
-    Outcome scan(std::vector<std::string> arguments, bool stopped = false, bool terminal = false) {
-        arguments.insert(arguments.begin(), {"scan", "--volume", volume.root()});
-        return call(std::move(arguments), stopped, terminal);
+    int scan(const std::string& options = "") { return call("scan --volume VOLUME " + options); }
+    Json items(const std::string& options = "") {
+        scan("--format json " + options);
+        return Json::parse(out)["items"];
     }
-
-    void addIntelApplication() {
-        volume.bundle("/Applications/Näher.app")
-            .identifier("com.example.naeher")
-            .executable("x", {Slice::x86_64});
+    void addApplication(const std::string& name, Slice slice) {
+        const std::string path = "/Applications/" + name + ".app";
+        volume.bundle(path).identifier("com.example.naeher").executable("x", {slice});
     }
     void addHalfNativeApplication() {
-        volume.bundle("/Applications/Evil\x1b[31m.app")
-            .executable("x", {Slice::arm64})
-            .file("Contents/Helper", thinMachO(Slice::x86_64));
-    }
-    std::string fileText(const std::string& name) {
-        std::ifstream file(volume.hostPath(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        const std::string path = "/Applications/Evil\x1b[31m.app/Contents/";
+        volume.file(path + "MacOS/x", thinMachO(Slice::arm64));
+        volume.file(path + "Helper", thinMachO(Slice::x86_64));
     }
 
-    VolumeBuilder volume;
+    bool isStopped = false, isOnTerminal = false;
+    std::string out, err;
 };
 
-std::size_t itemCount(const Outcome& outcome) {
-    return nlohmann::json::parse(outcome.out).at("items").size();
-}
-
 TEST_F(Commands, AWrongCallIsToldInOneLine) {
-    const std::vector<std::string> calls[] = {
-        {},
-        {"scam"},
-        {"scan", "extra"},
-        {"scan", "--format", "xml"},
-        {"scan", "--language", "fr"},
-        {"scan", "--include", "applications,toys"},
-        {"scan", "--fail-on", "monday"},
-        {"scan", "--volume", "/nowhere at all"},
-        {"scan", "--volume", volume.root(), "--home", "/Users/gone"},
-        {"scan", "--volume", volume.root(), "--home", "relative"},
-        {"scan", "--volume", volume.root(), "-o", "/no/such/folder/file"},
-        {"scan", "--volume", volume.root(), "-o", "/dev/full"},
-        {"inspect"},
-        {"inspect", "--format", "csv", "/"},
-    };
-    for (const auto& arguments : calls) {
-        SCOPED_TRACE(::testing::PrintToString(arguments));
-        const Outcome outcome = call(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_TRUE(outcome.err.starts_with("veridane-cli: ")) << outcome.err;
-        EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1);
+    for (const char* line : {"",
+                             "scam",
+                             "scan extra",
+                             "scan --format xml",
+                             "scan --language fr",
+                             "inspect",
+                             "scan --include applications,toys",
+                             "scan --volume /nowhere",
+                             "scan --volume VOLUME --home /Users/gone",
+                             "scan --volume VOLUME --home relative",
+                             "scan --volume VOLUME -o /no/such/folder/file",
+                             "scan --volume VOLUME -o /dev/full",
+                             "scan --volume EMPTY",
+                             "scan --volume=",
+                             "scan -o EMPTY",
+                             "scan --home EMPTY",
+                             "scan --include EMPTY",
+                             "scan --include applications,,extensions",
+                             "inspect --volume EMPTY x",
+                             "inspect x EMPTY"}) {
+        EXPECT_EQ(call(line), 2) << line;
+        EXPECT_TRUE(out.empty() && err.starts_with("veridane-cli: ")) << out << err;
+        EXPECT_EQ(std::ranges::count(err, '\n'), 1) << err;
     }
-}
-
-TEST_F(Commands, HelpNamesEveryOptionAndTheVersionIsTold) {
-    const Outcome help = call({"scan", "--help"});
-    EXPECT_EQ(help.status, 0);
-    for (const char* text :
-         {"Usage: veridane-cli scan", "--volume", "--home", "--include", "--exclude", "--format",
-          "--output", "--language", "--fail-on", "--no-progress", "launch-services", "Exit status"})
-        EXPECT_NE(help.out.find(text), std::string::npos) << text;
-    EXPECT_TRUE(call({"--version"}).out.starts_with("Veridane "));
+    call("inspect --volume VOLUME /[a,b]");
+    EXPECT_EQ(err, "veridane-cli: /[a,b] does not exist\n");
+    EXPECT_EQ(call("scan --help"), 0);
+    EXPECT_NE(out.find("--fail-on"), std::string::npos) << out;
+    EXPECT_EQ(call("--version"), 0);
+    EXPECT_TRUE(out.starts_with("Veridane ")) << out;
 }
 
 TEST_F(Commands, TheSummaryCountsAndThenListsWhatNeedsAttention) {
-    addIntelApplication();
+    volume.file("/opt/homebrew/bin/tool", thinMachO(Slice::arm64));
+    scan();
+    EXPECT_TRUE(out.ends_with("\nBereit – keine App ist auf Rosetta angewiesen.\n")) << out;
+    addApplication("Näher", Slice::x86_64);
     addHalfNativeApplication();
     volume.file("/usr/local/bin/tool", thinMachO(Slice::x86_64));
-    volume.file("/opt/homebrew/bin/tool", thinMachO(Slice::arm64));
-    EXPECT_EQ(scan({}).out,
-              "Geprüfte Objekte: 4\n"
-              "\n"
-              "       1  ● Benötigt Rosetta 2\n"
-              "       1  ● Teilweise betroffen\n"
-              "       1  ● Native verfügbar\n"
-              "       1  ● Bereit\n"
-              "       0  ○ Läuft schon heute nicht\n"
-              "       0  ○ Unklar\n"
-              "\n"
-              "Handlungsbedarf: 2\n"
-              "\n"
-              "● Benötigt Rosetta 2\n"
-              "  Näher      x86_64  Example  /Applications/Näher.app\n"
-              "\n"
-              "● Läuft weiter – Intel-Teile benötigen Rosetta 2\n"
-              "  Evil\uFFFD[31m  arm64   —        /Applications/Evil\uFFFD[31m.app\n");
-    EXPECT_NE(scan({"--language", "en"}).out.find("Keeps running – Intel parts need Rosetta 2"),
-              std::string::npos);
-    const Outcome onTerminal = scan({}, false, true);
-    EXPECT_NE(onTerminal.out.find("\x1b[31m● Benötigt Rosetta 2\x1b[0m"), std::string::npos);
-    EXPECT_NE(onTerminal.err.find("4/4  Analysiere Dienste & Tools …"), std::string::npos);
-    EXPECT_EQ(scan({"--no-progress"}, false, true).err, "");
-}
-
-TEST_F(Commands, NothingToDoIsSaidInASentence) {
-    volume.file("/usr/local/bin/tool", thinMachO(Slice::arm64));
-    EXPECT_TRUE(scan({}).out.ends_with("\nBereit – keine App ist auf Rosetta angewiesen.\n"));
+    scan();
+    EXPECT_EQ(out, "Geprüfte Objekte: 4\n\n"
+                   "       1  ● Benötigt Rosetta 2\n"
+                   "       1  ● Teilweise betroffen\n"
+                   "       1  ● Native verfügbar\n"
+                   "       1  ● Bereit\n"
+                   "       0  ○ Läuft schon heute nicht\n"
+                   "       0  ○ Unklar\n\n"
+                   "Handlungsbedarf: 2\n\n"
+                   "● Benötigt Rosetta 2\n"
+                   "  Näher      x86_64  Example  /Applications/Näher.app\n\n"
+                   "● Läuft weiter – Intel-Teile benötigen Rosetta 2\n"
+                   "  Evil\uFFFD[31m  arm64   —        /Applications/Evil\uFFFD[31m.app\n");
+    scan("--language en");
+    EXPECT_NE(out.find("Keeps running – Intel parts need Rosetta 2"), std::string::npos) << out;
+    isOnTerminal = true;
+    scan();
+    EXPECT_NE(out.find("\x1b[31m● Benötigt Rosetta 2\x1b[0m"), std::string::npos) << out;
+    EXPECT_NE(err.find("4/4  Analysiere Dienste & Tools …"), std::string::npos) << err;
+    scan("--no-progress");
+    EXPECT_EQ(err, "");
 }
 
 TEST_F(Commands, CategoriesAndHomesDecideWhatIsScanned) {
-    addIntelApplication();
+    volume.folder("/Applications/A.app").folder("/Library/QuickLook/Q.qlgenerator");
     volume.folder("/System/Applications/S.app").folder("/Users/anna/Applications/A.app");
-    volume.folder("/Users/jonas/Applications/J.app").folder("/Library/QuickLook/Q.qlgenerator");
-    const auto count = [&](std::vector<std::string> arguments) {
-        arguments.insert(arguments.end(), {"--format", "json"});
-        return itemCount(scan(arguments));
-    };
-    EXPECT_EQ(count({}), 4U);
-    EXPECT_EQ(count({"--home", "/Users/jonas"}), 3U);
-    EXPECT_EQ(count({"--home", "/Users/jonas", "--home", "/Users/anna"}), 4U);
-    EXPECT_EQ(count({"--include", "system-apps,extensions"}), 2U);
-    EXPECT_EQ(count({"--exclude", "applications"}), 1U);
-    EXPECT_EQ(count({"--include", "system-apps,extensions", "--exclude", "extensions"}), 1U);
+    volume.folder("/Users/jonas/Applications/J.app").folder("/Users/Shared/Applications/N.app");
+    volume.folder("/Users/.hidden/Applications/N.app").link("/Users/linked", "anna");
+    EXPECT_EQ(items().size(), 4U);
+    EXPECT_EQ(items("--home /Users/jonas").size(), 3U);
+    EXPECT_EQ(items("--home /Users/jonas --home /Users/anna").size(), 4U);
+    EXPECT_EQ(items("--include system-apps,extensions").size(), 2U);
+    EXPECT_EQ(items("--include system-apps,extensions --exclude extensions").size(), 1U);
 }
 
 TEST_F(Commands, EachFormatGoesToTheOutputOrToAFileAsItIs) {
-    addIntelApplication();
     const std::pair<const char*, const char*> beginnings[] = {
         {"csv", "Name;Art;Status;"},
         {"json", "{\n  \"generatedAt\" : \""},
         {"markdown", "# Veridane-Bericht\n"},
-        {"snapshot", "{\""},
+        {"snapshot", "{\"schemaVersion\":1,"},
     };
     for (const auto& [format, beginning] : beginnings) {
-        SCOPED_TRACE(format);
-        const Outcome outcome = scan({"--format", format});
-        EXPECT_TRUE(outcome.out.starts_with(beginning)) << outcome.out;
-        const Outcome toFile = scan({"--format", format, "-o", volume.hostPath("/report")});
-        EXPECT_EQ(toFile.status, 0);
-        EXPECT_EQ(toFile.out, "");
-        EXPECT_TRUE(fileText("/report").starts_with(beginning));
+        EXPECT_EQ(scan("--format "s + format), 0);
+        EXPECT_TRUE(out.starts_with(beginning)) << out;
+        EXPECT_EQ(scan("--format "s + format + " -o " + volume.hostPath("/report")), 0);
+        EXPECT_EQ(out, "");
+        EXPECT_TRUE(textOf(volume.hostPath("/report")).starts_with(beginning)) << format;
     }
-    const auto snapshot = nlohmann::json::parse(scan({"--format", "snapshot"}).out);
-    EXPECT_EQ(snapshot.at("schemaVersion"), 1);
-    EXPECT_EQ(snapshot.at("items").at(0).at("updateResult"),
-              nlohmann::json::parse(R"({"notChecked":{}})"));
 }
 
 TEST_F(Commands, FailingOnAttentionCountsWhatMacOS28Breaks) {
-    EXPECT_EQ(scan({"--fail-on", "attention"}).status, 0);
-    addIntelApplication();
-    EXPECT_EQ(scan({"--fail-on", "attention"}).status, 1);
-    EXPECT_EQ(scan({}).status, 0);
-    volume.bundle("/Applications/Twin.app")
-        .identifier("com.example.naeher")
-        .executable("x", {Slice::arm64});
-    EXPECT_EQ(scan({"--fail-on", "attention"}).status, 0);
+    EXPECT_EQ(scan("--fail-on attention"), 0);
+    addApplication("Intel", Slice::x86_64);
+    EXPECT_EQ(scan("--fail-on attention"), 1);
+    EXPECT_EQ(scan(), 0);
+    addApplication("Twin", Slice::arm64);
+    EXPECT_EQ(scan("--fail-on attention"), 0);
 }
 
 TEST_F(Commands, ACancelledScanDeliversNothing) {
-    addIntelApplication();
     volume.file("/report", "old");
-    const Outcome outcome = scan({"-o", volume.hostPath("/report")}, true);
-    EXPECT_EQ(outcome.status, 130);
-    EXPECT_EQ(fileText("/report"), "old");
-    EXPECT_EQ(call({"inspect", volume.root()}, true).status, 130);
+    isStopped = true;
+    EXPECT_EQ(scan("-o " + volume.hostPath("/report")), 130);
+    EXPECT_EQ(textOf(volume.hostPath("/report")), "old");
+    EXPECT_EQ(call("inspect VOLUME"), 130);
 }
 
 TEST_F(Commands, InspectingJudgesEachPathByItself) {
-    addIntelApplication();
+    addApplication("Näher", Slice::x86_64);
     volume.file("/script", "#!/bin/sh\n");
-    const Outcome outcome = call({"inspect", "--format", "json", "--volume", volume.root(),
-                                  "/Applications/Näher.app", "/gone", "/script"});
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "veridane-cli: /gone does not exist\n");
-    const auto objects = nlohmann::ordered_json::parse(outcome.out);
+    EXPECT_EQ(call("inspect --format json --volume VOLUME /Applications/Näher.app /gone /script"),
+              2);
+    EXPECT_EQ(err, "veridane-cli: /gone does not exist\n");
+    auto objects = Json::parse(out);
     ASSERT_EQ(objects.size(), 2U);
-    auto first = objects[0];
-    EXPECT_TRUE(first["advice"].get<std::string>().starts_with("Diese App läuft nur über"));
-    first.erase("advice");
-    EXPECT_EQ(first.dump(), R"({"path":"/Applications/Näher.app","isMachO":true,)"
-                            R"("architectures":["x86_64"],"status":"needsRosetta",)"
-                            R"("intelComponents":[],"urgency":"breaksOnMacOS28",)"
-                            R"("verdict":"Benötigt Rosetta 2","vendor":"Example",)"
-                            R"("teamIdentifier":null,"updateSource":"unsigned"})");
-    EXPECT_EQ(objects[1]["status"], "unknown");
+    EXPECT_TRUE(objects[0]["advice"].get<std::string>().starts_with("Diese App läuft nur über"));
+    objects[0].erase("advice");
+    EXPECT_EQ(objects[0].dump(), R"({"path":"/Applications/Näher.app","isMachO":true,)"
+                                 R"("architectures":["x86_64"],"status":"needsRosetta",)"
+                                 R"("intelComponents":[],"urgency":"breaksOnMacOS28",)"
+                                 R"("verdict":"Benötigt Rosetta 2","vendor":"Example",)"
+                                 R"("teamIdentifier":null,"updateSource":"unsigned"})");
     EXPECT_EQ(objects[1]["isMachO"], false);
 }
 
 TEST_F(Commands, AnInspectionReadsLikeAFactSheet) {
     addHalfNativeApplication();
-    const std::string path = volume.hostPath("/Applications/Evil\x1b[31m.app");
-    const Outcome outcome = call({"inspect", "--language", "en", path});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out.find('\x1b'), std::string::npos);
-    for (const char* line : {"\n  Assessment    Keeps running – Intel parts need Rosetta 2\n",
-                             "\n  Architecture  arm64\n", "\n  Vendor        —\n",
-                             "\n  Embedded Intel Components (1)\n    Contents/Helper\n"})
-        EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
-    std::istringstream lines(outcome.out);
-    for (std::string line; std::getline(lines, line);) {
-        if (!line.ends_with(".app")) {
-            EXPECT_LE(line.size(), 100U) << line;
-        }
+    EXPECT_EQ(call("inspect --language en --volume VOLUME /Applications/Evil\x1b[31m.app"), 0);
+    EXPECT_EQ(out.find('\x1b'), std::string::npos);
+    for (const char* lines : {"\n  Assessment    Keeps running – Intel parts need Rosetta 2\n",
+                              "\n  Architecture  arm64\n", "\n  Vendor        —\n",
+                              "\n  Embedded Intel Components (1)\n    Contents/Helper\n"})
+        EXPECT_NE(out.find(lines), std::string::npos) << lines << out;
+    std::istringstream lines(out);
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_TRUE(line.ends_with(".app") || line.size() <= 100) << line;
+}
+
+TEST_F(Commands, TheSampleIsTheSameEachTimeItIsWritten) {
+    VolumeBuilder again;
+    sample::writeSampleVolume(volume);
+    sample::writeSampleVolume(again);
+    const Json first = items();
+    EXPECT_GE(first.size(), 50U);
+    call("scan --format json --volume " + again.root());
+    EXPECT_EQ(first, Json::parse(out)["items"]);
+}
+
+bool handlesSignal() {
+    struct sigaction action {};
+    ::sigaction(SIGINT, nullptr, &action);
+    return action.sa_handler != SIG_DFL && action.sa_handler != SIG_IGN;
+}
+
+TEST(Interruption, TheFirstSignalRequestsAStopAndWithoutOneItEndsByItself) {
+    const auto old = std::signal(SIGINT, SIG_IGN);
+    const Interruption ignored;
+    EXPECT_FALSE(handlesSignal()); // a background job of a script begins like this
+    std::signal(SIGINT, SIG_DFL);
+    const Interruption interruption;
+    std::promise<void> stopped;
+    const std::stop_callback onStop(interruption.token(), [&] { stopped.set_value(); });
+    EXPECT_FALSE(interruption.token().stop_requested());
+    std::raise(SIGINT);
+    stopped.get_future().wait();
+    std::signal(SIGINT, old);
+}
+
+TEST_F(Commands, CtrlCActsAsBeforeOnceTheResultIsThere) {
+    const auto old = std::signal(SIGINT, SIG_DFL);
+    for (const Texts& arguments : {Texts{"scan", "--volume", volume.root()}, {"inspect", "."}}) {
+        Interruption interruption;
+        EXPECT_TRUE(handlesSignal());
+        std::ostringstream both;
+        const auto endCancelling = [&] { // too late to begin with, and yet not lost
+            std::raise(SIGINT);
+            interruption.release();
+        };
+        const Console console{.out = both, .err = both, .endCancelling = endCancelling};
+        EXPECT_EQ(run(arguments, console, interruption.token()), interrupted);
+        EXPECT_FALSE(handlesSignal());
+        EXPECT_EQ(both.str(), "");
     }
+    std::signal(SIGINT, old);
+}
+
+TEST(Style, TextIsCutByColumnsBetweenCharacters) {
+    EXPECT_EQ(clipped("Bassgrübchen", 12), "Bassgrübchen");
+    EXPECT_EQ(clipped("Bassgrübchen", 8), "Bassgrü…");
+    EXPECT_EQ(clipped("日本語", 5), "日本…");
+    EXPECT_EQ(clipped("日本語", 4), "日…");
 }
 
 } // namespace

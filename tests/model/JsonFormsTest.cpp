@@ -31,9 +31,7 @@ ScanItem readItem(const std::string& text) {
 TEST(JsonForms, AnItemComesBackAsItWasButForTheFractionOfItsDate) {
     ScanItem item = readItem(fullText);
     EXPECT_EQ(encode(item).dump(), fullText);
-    EXPECT_EQ(item.updateResult, UpdateCheckResult::failed("x"));
     EXPECT_EQ(item.sizeOnDisk, INT64_MAX);
-
     item.lastModified = *item.lastModified + std::chrono::milliseconds(500);
     EXPECT_EQ(encode(item).dump(), fullText);
 
@@ -42,31 +40,17 @@ TEST(JsonForms, AnItemComesBackAsItWasButForTheFractionOfItsDate) {
 }
 
 TEST(JsonForms, OneBadFieldMakesAnItemUnreadable) {
-    // Where, and the bad value there.
-    const std::string_view damages[] = {R"(/id "0123ABCD-4567-89EF-0123-456789ABCDE")",
-                                        "/name 1",
-                                        "/vendor null",
-                                        "/version 1.0",
-                                        R"(/id "0123ABCD-4567-89EF-0123+456789ABCDEF")",
-                                        "/architecture/isMachO 1",
-                                        R"(/id "0123ABCD-4567-89EF-0123-456789ABCDEG")",
-                                        R"(/kind "Application")",
-                                        R"(/status "")",
-                                        R"(/updateSource "unsigned_")",
-                                        "/intelComponents/1 2",
-                                        R"(/intelComponents "a")",
-                                        R"(/architecture/architectures/0 "x86_32")",
-                                        "/sizeOnDisk 9223372036854775808",
-                                        "/sizeOnDisk 1.0",
-                                        "/sizeOnDisk true",
-                                        R"(/lastModified "2027-03-01T09:30:00.5Z")",
-                                        "/updateResult []",
-                                        "/updateResult/failed {}"};
-    for (const std::string_view damage : damages) {
-        const auto blank = damage.find(' ');
+    const Json damages = Json::parse(R"([
+        ["/id", "0123ABCD-4567-89EF-0123-456789ABCDE"], ["/id", "0123ABCD-4567-89EF-0123+456789ABCDEF"],
+        ["/id", "0123ABCD-4567-89EF-0123-456789ABCDEG"], ["/name", 1], ["/vendor", null],
+        ["/architecture/isMachO", 1], ["/architecture/architectures/0", "x86_32"],
+        ["/kind", "Application"], ["/status", ""], ["/updateSource", "unsigned_"],
+        ["/intelComponents/1", 2], ["/intelComponents", "a"], ["/sizeOnDisk", 9223372036854775808],
+        ["/sizeOnDisk", 1.0], ["/sizeOnDisk", true], ["/lastModified", "2027-03-01T09:30:00.5Z"],
+        ["/updateResult", []], ["/updateResult/failed", {}]])");
+    for (const Json& damage : damages) {
         Json damaged = Json::parse(fullText);
-        damaged[Json::json_pointer(std::string(damage.substr(0, blank)))] =
-            Json::parse(damage.substr(blank + 1));
+        damaged[Json::json_pointer(damage[0])] = damage[1];
         EXPECT_EQ(decodeScanItem(damaged).index(), 1u) << damage;
     }
     const Json bare = Json::parse(bareText);
@@ -76,32 +60,22 @@ TEST(JsonForms, OneBadFieldMakesAnItemUnreadable) {
         EXPECT_EQ(std::get<Unreadable>(decodeScanItem(damaged)).reason, key + ": Missing.");
     }
     EXPECT_EQ(decodeScanItem(Json::array()).index(), 1u);
-    Json extended = bare;
-    extended["later"] = 1;
-    EXPECT_EQ(readItem(extended.dump()), ScanItem());
+    EXPECT_EQ(readItem(R"({"later":1,)" + bareText.substr(1)), ScanItem());
 }
 
 TEST(JsonForms, AnUpdateResultHasExactlyOneCase) {
-    const UpdateCheckResult results[] = {
-        UpdateCheckResult::notChecked(),  UpdateCheckResult::checking(),
-        UpdateCheckResult::upToDate("1"), UpdateCheckResult::updateAvailable("2"),
-        UpdateCheckResult::noFeed(),      UpdateCheckResult::failed("x")};
-    std::string texts;
-    for (const auto& result : results) {
-        texts += encode(result).dump();
-        EXPECT_EQ(std::get<UpdateCheckResult>(decodeUpdateCheckResult(encode(result))), result);
+    for (const char* text : {R"({"notChecked":{}})", R"({"checking":{}})", R"({"noFeed":{}})",
+                             R"({"upToDate":{"latest":"1"}})", R"({"failed":{"reason":"x"}})",
+                             R"({"updateAvailable":{"latest":"2"}})"}) {
+        const auto reading = decodeUpdateCheckResult(Json::parse(text));
+        EXPECT_EQ(encode(std::get<UpdateCheckResult>(reading)).dump(), text);
     }
-    EXPECT_EQ(texts, R"({"notChecked":{}}{"checking":{}}{"upToDate":{"latest":"1"}})"
-                     R"({"updateAvailable":{"latest":"2"}}{"noFeed":{}}{"failed":{"reason":"x"}})");
-
-    const Unreadable wrongCount{"Invalid number of keys found, expected one."};
-    for (const char* text : {R"({"upToDate":{"latest":"1"},"noFeed":{}})", "{}", R"({"extra":1})"})
-        EXPECT_EQ(std::get<Unreadable>(decodeUpdateCheckResult(Json::parse(text))), wrongCount);
-    for (const char* text : {R"({"noFeed":[]})", R"({"upToDate":{"reason":"1"}})", "7", "null",
-                             R"({"upToDate":{"latest":1}})"})
+    for (const char* text :
+         {R"({"upToDate":{"latest":"1"},"noFeed":{}})", "{}", R"({"extra":1})", R"({"noFeed":[]})",
+          R"({"upToDate":{"reason":"1"}})", "7", "null", R"({"upToDate":{"latest":1}})"})
         EXPECT_EQ(decodeUpdateCheckResult(Json::parse(text)).index(), 1u) << text;
-    EXPECT_EQ(std::get<UpdateCheckResult>(
-                  decodeUpdateCheckResult(Json::parse(R"({"failed":{"reason":"x"},"extra":1})"))),
+    const Json extended = Json::parse(R"({"failed":{"reason":"x"},"extra":1})");
+    EXPECT_EQ(std::get<UpdateCheckResult>(decodeUpdateCheckResult(extended)),
               UpdateCheckResult::failed("x"));
 }
 
@@ -117,10 +91,10 @@ TEST(JsonForms, ASnapshotIsOneLineWithItsItemsInOrder) {
     EXPECT_EQ(snapshotText(snapshot), head + "]}");
     snapshot.items = {readItem(fullText), ScanItem()};
     EXPECT_EQ(snapshotText(snapshot), head + fullText + "," + bareText + "]}");
-    snapshot.items[1].name = "\xFF";
     const Json parsed = Json::parse(snapshotText(snapshot));
-    EXPECT_EQ(parsed["items"][1]["name"], "\uFFFD");
     EXPECT_EQ(std::get<ScanOptions>(decodeScanOptions(parsed["options"])), snapshot.options);
+    snapshot.items[1].name = "\xFF";
+    EXPECT_NE(snapshotText(snapshot).find("\"\uFFFD\""), std::string::npos);
     EXPECT_EQ(decodeScanOptions(Json::parse(R"({"includeApplications":true})")).index(), 1u);
 }
 

@@ -1,61 +1,39 @@
 #include "platform/AtomicFile.h"
 
-#include "support/VolumeBuilder.h"
+#include "platform/Descriptor.h"
+#include "support/VolumeTest.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
-namespace veridane {
+namespace veridane::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class AtomicFile : public testing::Test {
+class AtomicFile : public VolumeTest {
 protected:
-    AtomicFile() : m_umask(::umask(027)) {}
-    ~AtomicFile() override { ::umask(m_umask); }
-
-    [[nodiscard]] std::string at(std::string_view path) const { return volume.hostPath(path); }
-
-    [[nodiscard]] std::string content(std::string_view path) const {
-        std::ifstream file(at(path));
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    [[nodiscard]] fs::perms permissions(std::string_view path) const {
-        return fs::status(at(path)).permissions();
-    }
-
-    [[nodiscard]] std::ptrdiff_t fileCount() const {
-        return std::distance(fs::directory_iterator(volume.root()), {});
-    }
-
-    test::VolumeBuilder volume;
-
-private:
-    mode_t m_umask;
+    std::string at(std::string_view path) const { return volume.hostPath(path); }
+    std::string content(std::string_view path) const { return textOf(at(path)); }
+    fs::perms permissions() const { return fs::status(at("/cache")).permissions(); }
+    auto fileCount() const { return std::distance(fs::directory_iterator(volume.root()), {}); }
 };
 
 TEST_F(AtomicFile, AReaderOfTheOldFileKeepsItAndTheNewOneKeepsItsPermissions) {
+    const mode_t oldMask = ::umask(027);
     EXPECT_EQ(writeFileAtomically(at("/cache"), "old"), std::nullopt);
-    EXPECT_EQ(permissions("/cache"), fs::perms(0640));
+    ::umask(oldMask);
+    EXPECT_EQ(permissions(), fs::perms(0640));
     fs::permissions(at("/cache"), fs::perms(0606));
     std::ifstream reader(at("/cache"));
-
     EXPECT_EQ(writeFileAtomically(at("/cache"), std::string("n\0w", 3)), std::nullopt);
-
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
     EXPECT_EQ(content("/cache"), std::string("n\0w", 3));
-    EXPECT_EQ(permissions("/cache"), fs::perms(0606));
+    EXPECT_EQ(permissions(), fs::perms(0606));
     EXPECT_EQ(fileCount(), 1);
 }
 
@@ -72,11 +50,10 @@ TEST_F(AtomicFile, ALinkStaysAndItsTargetIsWritten) {
 
 TEST_F(AtomicFile, APipeIsWrittenToAndNotReplaced) {
     volume.fifo("/pipe");
-    const int reader = ::open(at("/pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    const Descriptor reader(::open(at("/pipe").c_str(), O_RDONLY | O_NONBLOCK));
     EXPECT_EQ(writeFileAtomically(at("/pipe"), "row"), std::nullopt);
-    std::array<char, 8> buffer{};
-    EXPECT_EQ(::read(reader, buffer.data(), buffer.size()), 3);
-    ::close(reader);
+    char buffer[8];
+    EXPECT_EQ(::read(reader.get(), buffer, sizeof buffer), 3);
     EXPECT_TRUE(fs::is_fifo(at("/pipe")));
     EXPECT_EQ(writeFileAtomically("/dev/full", "row"), "No space left on device");
 }
@@ -89,18 +66,17 @@ TEST_F(AtomicFile, AFailureLeavesTheOldFileAndNothingElse) {
 
     // A limit on file sizes stands for a disk that fills up half way.
     const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit old {};
+    rlimit old{};
     ::getrlimit(RLIMIT_FSIZE, &old);
-    const struct rlimit small { 100, old.rlim_max };
+    const rlimit small{100, old.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &small);
     const auto failure = writeFileAtomically(at("/cache"), std::string(1000, 'x'));
     ::setrlimit(RLIMIT_FSIZE, &old);
     std::signal(SIGXFSZ, oldHandler);
-
     EXPECT_EQ(failure, "File too large");
     EXPECT_EQ(content("/cache"), "old");
     EXPECT_EQ(fileCount(), 1);
 }
 
 } // namespace
-} // namespace veridane
+} // namespace veridane::test

@@ -1,168 +1,147 @@
 #include "scan/BundleInspector.h"
-#include "support/VolumeBuilder.h"
+#include "scan/SignatureInspector.h"
+#include "support/VolumeTest.h"
 
-#include <gtest/gtest.h>
-
-namespace veridane {
+namespace veridane::test {
 namespace {
 
-using namespace test;
 using enum CompatibilityStatus;
 
-ScanItem inspect(const VolumeBuilder& volume, const char* path = "/Applications/Foo.app") {
+ScanItem inspect(const VolumeBuilder& volume, const std::string& path = "/Foo.app") {
     return BundleInspector::inspect(volume.files(), Path(path), ItemKind::application);
 }
 
-TEST(Bundles, EverythingThatABundleSaysOfItselfIsInItsItem) {
-    VolumeBuilder volume;
-    volume.bundle("/Applications/Foo.app")
+using Bundles = VolumeTest;
+
+TEST_F(Bundles, EverythingThatABundleSaysOfItselfIsInItsItem) {
+    volume.bundle("/opt/real/Other.app")
         .info("CFBundleDisplayName", 7)
         .info("CFBundleName", "Bär")
         .identifier("com.example.foo")
         .version("1.2", "345")
         .category("music")
         .sparkleFeed("https://feed.example/appcast.xml")
-        .executable("Foo", {Slice::x86_64, Slice::arm64})
+        .executable("Foo", {Slice::x86_64})
         .signedBy({.teamIdentifier = "ABCDE12345",
                    .leafCommonName = "Developer ID Application: Klang GmbH (ABCDE12345)"})
         .modified(1'700'000'000);
-    const ScanItem item = inspect(volume);
-    EXPECT_EQ(item.name, "Bär");
-    EXPECT_EQ(item.path, "/Applications/Foo.app");
-    EXPECT_EQ(item.architecture.summaryText(), "x86_64 + arm64");
-    EXPECT_EQ(item.status, native);
-    EXPECT_EQ(item.bundleIdentifier, "com.example.foo");
-    EXPECT_EQ(item.version, "1.2");
-    EXPECT_EQ(item.buildNumber, "345");
-    EXPECT_EQ(item.categoryDescription, "Musik");
-    EXPECT_EQ(item.vendor, "Klang GmbH");
-    EXPECT_EQ(item.teamIdentifier, "ABCDE12345");
-    EXPECT_EQ(item.updateSource, UpdateSource::sparkle);
-    EXPECT_EQ(item.sparkleFeedURL, "https://feed.example/appcast.xml");
-    EXPECT_EQ(item.lastModified, Date(std::chrono::seconds(1'700'000'000)));
-    EXPECT_GT(item.sizeOnDisk, 0);
-    EXPECT_TRUE(item.intelComponents.empty());
+    volume.link("/Applications/Foo.app", "/opt/real/Other.app");
+    for (const char* path : {"/opt/real/Other.app", "/Applications/Foo.app"}) {
+        const ScanItem item = inspect(volume, path);
+        EXPECT_EQ(item.path, path);
+        EXPECT_EQ(item.architecture.summaryText(), "x86_64");
+        EXPECT_EQ(item.status, needsRosetta);
+        EXPECT_EQ((std::vector{item.name, *item.bundleIdentifier, *item.version, *item.buildNumber,
+                               *item.categoryDescription, *item.vendor, *item.teamIdentifier,
+                               *item.sparkleFeedURL}),
+                  (Texts{"Bär", "com.example.foo", "1.2", "345", "Musik", "Klang GmbH",
+                         "ABCDE12345", "https://feed.example/appcast.xml"}));
+        EXPECT_EQ(item.lastModified, Date(std::chrono::seconds(1'700'000'000)));
+        EXPECT_GT(item.sizeOnDisk, 0);
+        EXPECT_TRUE(item.intelComponents.empty());
+    }
 }
 
-TEST(Bundles, ABundleWithoutAnythingReadableIsStillAnItem) {
-    VolumeBuilder volume;
-    volume.folder("/Applications/Foo Bar.app").fifo("/Applications/Pipe.app/Contents/Info.plist");
-    volume.file("/Applications/File.app", "a file");
-    volume.file("/Applications/Damaged.app/Contents/Info.plist", "<plist><dict><key>");
-    for (const char* name : {"Foo Bar", "Pipe", "File", "Damaged"}) {
-        const ScanItem item =
-            inspect(volume, (std::string("/Applications/") + name + ".app").c_str());
+TEST_F(Bundles, ABundleWithoutAnythingReadableIsStillAnItem) {
+    volume.folder("/Foo Bar.app").fifo("/Pipe.app/Contents/Info.plist").file("/File.app", "x");
+    volume.file("/Damaged.app/Contents/Info.plist", "<plist><dict><key>");
+    for (const std::string name : {"Foo Bar", "Pipe", "File", "Damaged"}) {
+        const ScanItem item = inspect(volume, '/' + name + ".app");
         EXPECT_EQ(item.name, name);
-        EXPECT_EQ(item.status, unknown);
         EXPECT_EQ(item.architecture, emptyReport);
         EXPECT_EQ(item.updateSource, UpdateSource::unsigned_);
-        EXPECT_EQ(item.vendor, std::nullopt);
         EXPECT_TRUE(item.sizeOnDisk.has_value());
     }
 }
 
-TEST(Bundles, TheMainExecutableIsTheNamedOneElseTheFirstThatCouldBeIt) {
-    const Bytes intel = thinMachO(Slice::x86_64);
-    const std::string script = "#!/bin/sh\n";
+TEST_F(Bundles, TheMainExecutableIsTheNamedOneElseTheFirstThatCouldBeIt) {
     const struct {
-        const char* what;
-        const char* named;
-        std::vector<const char*> programs;
+        std::optional<std::string> named;
+        std::vector<const char*> intel;
         const char* script;
-        CompatibilityStatus expected;
         std::size_t components; // the main executable is none of them
     } cases[] = {
-        {"named", "B", {"Contents/MacOS/A", "Contents/MacOS/B"}, "C", needsRosetta, 1},
-        {"at the top level", "Foo", {"Foo"}, "C", needsRosetta, 0},
-        {"missing: the first of the listing",
-         "X",
-         {"Contents/MacOS/A"},
-         "Contents/MacOS/B",
-         needsRosetta,
-         0},
-        {"empty name", "", {"Contents/MacOS/A"}, "C", needsRosetta, 0},
-        {"flat without a key", nullptr, {"tool"}, "a script", needsRosetta, 0},
-        {"an absolute name stays inside",
-         "/Contents/Helpers/A",
-         {"Contents/Helpers/A"},
-         "C",
-         needsRosetta,
-         0},
-        {"a script in front of Intel code",
-         nullptr,
-         {"Contents/Helpers/A"},
-         "Contents/MacOS/run",
-         needsRosetta,
-         1},
+        {"B", {"Contents/MacOS/A", "Contents/MacOS/B"}, "C", 1},
+        {"Foo", {"Foo"}, "C", 0},
+        {"missing, so the first listed", {"Contents/MacOS/A"}, "Contents/MacOS/B", 0},
+        {{}, {"tool"}, "a script", 0},
+        {"/Contents/Helpers/A", {"Contents/Helpers/A"}, "C", 0},
+        {{}, {"Contents/Helpers/A"}, "Contents/MacOS/run", 1},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        VolumeBuilder volume;
-        {
-            auto bundle = volume.bundle("/Applications/Foo.app");
-            if (c.named)
-                bundle.info("CFBundleExecutable", c.named);
-            for (const char* program : c.programs)
-                bundle.file(program, intel);
-            bundle.file(c.script, script);
-        }
-        const ScanItem item = inspect(volume);
-        EXPECT_EQ(item.status, c.expected);
-        EXPECT_EQ(item.intelComponents.size(), c.components);
+        VolumeBuilder fresh;
+        for (const std::string program : c.intel)
+            fresh.file("/Foo.app/" + program, thinMachO(Slice::x86_64));
+        fresh.bundle("/Foo.app").file(c.script, "#!/bin/sh");
+        if (c.named)
+            fresh.bundle("/Foo.app").info("CFBundleExecutable", *c.named);
+        const ScanItem item = inspect(fresh);
+        EXPECT_EQ(item.status, needsRosetta) << c.named.value_or(c.script);
+        EXPECT_EQ(item.intelComponents.size(), c.components) << c.named.value_or(c.script);
     }
 }
 
-TEST(Bundles, TheFirstRuleThatHoldsNamesTheUpdateSource) {
+TEST_F(Bundles, TheFirstRuleThatHoldsNamesTheUpdateSource) {
+    using enum UpdateSource;
     const SignatureSpec developer{.leafCommonName = "Developer ID Application: Foo (ABCDE12345)"};
     const SignatureSpec apple{.leafCommonName = "Apple Mac OS Application Signing"};
     const auto sourceOf = [](const auto& build) {
-        VolumeBuilder volume;
-        {
-            auto bundle = volume.bundle("/Applications/Foo.app");
-            build(bundle.executable("Foo", {Slice::arm64}));
-        }
-        return inspect(volume).updateSource;
+        VolumeBuilder fresh;
+        build(fresh.bundle("/Foo.app").executable("Foo", {Slice::arm64}));
+        return inspect(fresh).updateSource;
     };
-    EXPECT_EQ(sourceOf([](auto& b) { b.receipt().sparkleFeed("https://x.example/"); }),
-              UpdateSource::macAppStore);
-    EXPECT_EQ(sourceOf([](auto& b) { b.file("_MASReceipt/receipt", "r"); }),
-              UpdateSource::macAppStore);
-    EXPECT_EQ(sourceOf([&](auto& b) { b.sparkleFeed("").signedBy(developer); }),
-              UpdateSource::sparkle);
-    EXPECT_EQ(sourceOf([](auto& b) { b.framework("Sparkle", thinMachO(Slice::arm64)); }),
-              UpdateSource::sparkle);
-    EXPECT_EQ(sourceOf([&](auto& b) { b.signedBy(apple); }), UpdateSource::macAppStore);
-    EXPECT_EQ(sourceOf([&](auto& b) { b.signedBy(developer); }), UpdateSource::developerID);
-    EXPECT_EQ(sourceOf([](auto&) {}), UpdateSource::unsigned_);
+    EXPECT_EQ(sourceOf([](auto& b) { b.receipt().sparkleFeed("https://x/"); }), macAppStore);
+    EXPECT_EQ(sourceOf([](auto& b) { b.file("_MASReceipt/receipt", "r"); }), macAppStore);
+    EXPECT_EQ(sourceOf([&](auto& b) { b.sparkleFeed("").signedBy(developer); }), sparkle);
+    EXPECT_EQ(sourceOf([](auto& b) { b.framework("Sparkle", {}); }), sparkle);
+    EXPECT_EQ(sourceOf([&](auto& b) { b.signedBy(apple); }), macAppStore);
+    EXPECT_EQ(sourceOf([&](auto& b) { b.signedBy(developer); }), developerID);
+    EXPECT_EQ(sourceOf([](auto&) {}), unsigned_);
 }
 
-TEST(Bundles, ALinkedBundleKeepsItsOwnPathAndNameAndIsReadThroughTheLink) {
-    VolumeBuilder volume;
-    volume.bundle("/opt/real/Other.app")
-        .executable("Other", {Slice::x86_64})
-        .modified(1'600'000'000);
-    volume.link("/Applications/Foo.app", "/opt/real/Other.app");
-    const ScanItem item = inspect(volume);
-    EXPECT_EQ(item.path, "/Applications/Foo.app");
-    EXPECT_EQ(item.status, needsRosetta);
-    EXPECT_TRUE(item.intelComponents.empty());
-    EXPECT_GT(item.sizeOnDisk, 0);
-    EXPECT_EQ(item.lastModified, Date(std::chrono::seconds(1'600'000'000)));
+TEST_F(Bundles, CategoriesAndIdentifiersReadLikeNames) {
+    using namespace BundleInspector;
+    EXPECT_EQ(categoryLabel("public.app-category.developer-tools"), "Entwicklerwerkzeuge");
+    EXPECT_EQ(categoryLabel("public.app-category.action-games"), "Action Games");
+    EXPECT_EQ(categoryLabel("MUSIC"), "Music");
+    EXPECT_EQ(vendorFromBundleIdentifier("com.example.tool"), "Example");
+    EXPECT_EQ(vendorFromBundleIdentifier("de..klang"), "Klang");
+    for (const char* without : {"tool", "....", ""})
+        EXPECT_EQ(vendorFromBundleIdentifier(without), std::nullopt);
 }
 
-TEST(Bundles, CategoriesAndIdentifiersReadLikeNames) {
-    EXPECT_EQ(BundleInspector::categoryLabel("public.app-category.developer-tools"),
-              "Entwicklerwerkzeuge");
-    EXPECT_EQ(BundleInspector::categoryLabel("public.app-category.action-games"), "Action Games");
-    EXPECT_EQ(BundleInspector::categoryLabel("MUSIC"), "Music");
-    using Vendor = std::optional<std::string>;
-    const std::pair<Vendor, Vendor> vendors[] = {
-        {"com.example.tool", "Example"}, {"de..klang", "Klang"}, {"tool", std::nullopt},
-        {"....", std::nullopt},          {"", std::nullopt},     {std::nullopt, std::nullopt},
+TEST(Signers, TheVendorIsWhatASummarySaysOfItsHolder) {
+    const std::pair<std::optional<std::string>, std::optional<std::string>> cases[] = {
+        {"Developer ID Application: Foo GmbH (ABCDE12345)", "Foo GmbH"},
+        {"Developer ID Application: Foo (Bar) Ltd (ABCDE12345)", "Foo (Bar) Ltd"},
+        {"Apple Distribution: Foo", "Foo"},
+        {"3rd Party Mac Developer Application:  Foo\u00A0 (ABC)", "Foo"},
+        {"Apple Development: ", ""},
+        {"Apple Mac OS Application Signing", "Apple"},
+        {"developer ID Application: Foo (ABC)", "developer ID Application: Foo (ABC)"},
+        {"Software Signing", "Software Signing"},
+        {"", {}},
+        {{}, {}},
     };
-    for (const auto& [identifier, vendor] : vendors)
-        EXPECT_EQ(BundleInspector::vendorFromBundleIdentifier(identifier), vendor);
+    for (const auto& [summary, vendor] : cases)
+        EXPECT_EQ(SignatureInspector::vendorFromSummary(summary), vendor)
+            << summary.value_or("no summary");
+}
+
+TEST(Signers, TheIdentityFollowsFromWhatIsDeclared) {
+    using Declared = CodeSignature;
+    const std::pair<std::optional<CodeSignature>, SignatureIdentity> cases[] = {
+        {{}, {}},
+        {Declared(), {}},
+        {Declared{true, {}, {}}, {{}, {}, true, false}},
+        {Declared{false, "TEAM", {}}, {{}, "TEAM", true, false}},
+        {Declared{false, {}, "Mac Developer: "}, {"", {}, true, false}},
+        {Declared{true, {}, "Apple Development: Foo (A)"}, {"Foo", {}, true, false}},
+        {Declared{true, "TEAM", "An Apple Worldwide CA"}, {"Apple", "TEAM", true, true}},
+    };
+    for (const auto& [declared, identity] : cases)
+        EXPECT_EQ(SignatureInspector::identityOf(declared), identity);
 }
 
 } // namespace
-} // namespace veridane
+} // namespace veridane::test

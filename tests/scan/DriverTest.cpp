@@ -1,162 +1,113 @@
 #include "scan/SystemScanner.h"
-#include "support/VolumeBuilder.h"
+#include "support/VolumeTest.h"
 
-#include <gtest/gtest.h>
+#include <tuple>
 
-namespace veridane {
+namespace veridane::test {
 namespace {
 
-using namespace test;
-using Texts = std::vector<std::string>;
+const std::string bundles = "Analysiere Programme … ", tools = "Analysiere Dienste & Tools … ";
 
-struct Outcome {
+class Driver : public VolumeTest {
+protected:
+    // Gives the paths, and requests a stop at the report with that count.
+    Texts scan(const ScanOptions& options = {}, std::int64_t stopAt = -1) {
+        reports.clear();
+        std::stop_source stop;
+        const auto onProgress = [&](const ScanProgress& progress) {
+            reports.push_back(progress.phase + ' ' + std::to_string(progress.completed) + '/' +
+                              std::to_string(progress.total));
+            if (progress.completed == stopAt)
+                stop.request_stop();
+        };
+        Texts paths;
+        items = SystemScanner::scan(volume.files(), SearchLocations({Path("/Users/anna")}), options,
+                                    onProgress, stop.get_token());
+        for (const ScanItem& item : items)
+            paths.push_back(item.path);
+        return paths;
+    }
+    void addTargets(int bundleCount, int toolCount) {
+        for (int i = 0; i < bundleCount; ++i)
+            volume.folder("/Applications/" + std::to_string(i) + ".app");
+        for (int i = 0; i < toolCount; ++i)
+            volume.file("/usr/local/bin/" + std::to_string(i), thinMachO(Slice::arm64));
+    }
+
     std::vector<ScanItem> items;
     Texts reports;
 };
 
-// Scans, and requests a stop at the report with that count.
-Outcome scan(const VolumeBuilder& volume, const ScanOptions& options = {}, std::int64_t stopAt = -1) {
-    Outcome outcome;
-    std::stop_source stop;
-    const auto onProgress = [&](const ScanProgress& progress) {
-        outcome.reports.push_back(progress.phase + " " + std::to_string(progress.completed) + "/" +
-                              std::to_string(progress.total));
-        if (progress.completed == stopAt)
-            stop.request_stop();
-    };
-    outcome.items = SystemScanner::scan(volume.files(), SearchLocations({Path("/Users/anna")}), options,
-                                    onProgress, stop.get_token());
-    return outcome;
+TEST_F(Driver, ProgressIsThinnedAndCountsTargets) {
+    scan();
+    EXPECT_EQ(reports, (Texts{bundles + "0/0", "Fertig 0/0"}));
+    addTargets(0, 1);
+    scan();
+    EXPECT_EQ(reports, (Texts{bundles + "0/1", tools + "1/1", "Fertig 1/1"}));
+    addTargets(7, 5);
+    scan();
+    EXPECT_EQ(reports, (Texts{bundles + "0/12", bundles + "5/12", tools + "10/12", tools + "12/12",
+                              "Fertig 12/12"}));
 }
 
-Texts pathsOf(const Outcome& outcome) {
-    Texts paths;
-    for (const ScanItem& item : outcome.items)
-        paths.push_back(item.path);
-    return paths;
-}
-
-void addApplications(VolumeBuilder& volume, int count) {
-    for (int i = 0; i < count; ++i)
-        volume.bundle("/Applications/App " + std::to_string(i) + ".app")
-            .executable("x", {Slice::arm64});
-}
-
-void addTools(VolumeBuilder& volume, int count) {
-    for (int i = 0; i < count; ++i)
-        volume.file("/usr/local/bin/tool" + std::to_string(i), thinMachO(Slice::arm64));
-}
-
-TEST(SystemScanner, ProgressIsThinnedAndCountsTargets) {
-    const struct {
-        const char* what;
-        int bundles, files;
-        Texts reports;
-    } cases[] = {
-        {"nothing", 0, 0, {"Analysiere Programme … 0/0", "Fertig 0/0"}},
-        {"one bundle",
-         1,
-         0,
-         {"Analysiere Programme … 0/1", "Analysiere Programme … 1/1", "Fertig 1/1"}},
-        {"both",
-         7,
-         5,
-         {"Analysiere Programme … 0/12", "Analysiere Programme … 5/12",
-          "Analysiere Dienste & Tools … 10/12", "Analysiere Dienste & Tools … 12/12",
-          "Fertig 12/12"}},
-        {"files alone",
-         0,
-         11,
-         {"Analysiere Programme … 0/11", "Analysiere Dienste & Tools … 10/11",
-          "Analysiere Dienste & Tools … 11/11", "Fertig 11/11"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        VolumeBuilder volume;
-        addApplications(volume, c.bundles);
-        addTools(volume, c.files);
-        EXPECT_EQ(scan(volume).reports, c.reports);
-    }
-}
-
-TEST(SystemScanner, EachOptionOpensItsRootsAndNamesTheKind) {
-    VolumeBuilder volume;
-    volume.folder("/Applications/A.app").folder("/System/Applications/B.app");
-    volume.folder("/Users/anna/Library/Audio/Plug-Ins/VST3/C.Component");
-    volume.folder("/Library/SystemExtensions/1-2-3/D.systemextension");
-    volume.file("/Users/anna/.local/bin/e", thinMachO(Slice::arm64));
-    volume.file("/opt/f", thinMachO(Slice::arm64));
+TEST_F(Driver, EachOptionOpensItsRootsAndNamesTheKind) {
     volume.plist("/Library/LaunchAgents/f.plist", PlistDictionary{{"Program", "/opt/f"}});
-    const struct {
-        bool ScanOptions::*option;
-        const char* name;
-        ItemKind kind;
-    } cases[] = {
-        {&ScanOptions::includeApplications, "A", ItemKind::application},
-        {&ScanOptions::includeSystemApps, "B", ItemKind::application},
-        {&ScanOptions::includeAudioPlugins, "C", ItemKind::audioPlugin},
-        {&ScanOptions::includeExtensions, "D", ItemKind::systemExtension},
-        {&ScanOptions::includeCommandLineTools, "e", ItemKind::commandLineTool},
-        {&ScanOptions::includeLaunchServices, "f", ItemKind::launchService},
+    using enum ItemKind;
+    using O = ScanOptions;
+    const std::tuple<bool O::*, std::string, ItemKind> cases[] = {
+        {&O::includeApplications, "/Applications/A.app", application},
+        {&O::includeSystemApps, "/System/Applications/B.app", application},
+        {&O::includeAudioPlugins, "/Users/anna/Library/Audio/Plug-Ins/VST3/C.Component",
+         audioPlugin},
+        {&O::includeExtensions, "/Library/SystemExtensions/1-2/D.systemextension", systemExtension},
+        {&O::includeCommandLineTools, "/Users/anna/.local/bin/e", commandLineTool},
+        {&O::includeLaunchServices, "/opt/f", launchService},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [option, path, kind] : cases)
+        volume.file(path, thinMachO(Slice::arm64));
+    for (const auto& [option, path, kind] : cases) {
         ScanOptions options{false, false, false, false, false, false};
-        options.*c.option = true;
-        const Outcome outcome = scan(volume, options);
-        ASSERT_EQ(outcome.items.size(), 1U);
-        EXPECT_EQ(outcome.items[0].name, c.name);
-        EXPECT_EQ(outcome.items[0].kind, c.kind);
+        options.*option = true;
+        EXPECT_EQ(scan(options), Texts{path});
+        EXPECT_TRUE(items.size() == 1 && items[0].kind == kind) << path;
     }
-    EXPECT_EQ(scan(volume).items.size(), 5U); // Apple's own applications only on request
+    EXPECT_EQ(scan().size(), 5U); // Apple's own applications only on request
 }
 
-TEST(SystemScanner, OfSeveralWaysToOneObjectTheFirstStays) {
-    VolumeBuilder volume;
+TEST_F(Driver, OfSeveralWaysToOneObjectTheFirstStays) {
     volume.folder("/Applications/Utilities/Twice.app");
     volume.link("/Users/anna/Applications", "/Applications");
     volume.file("/opt/homebrew/Cellar/x/bin/x", thinMachO(Slice::arm64));
     volume.link("/opt/homebrew/bin/x", "../Cellar/x/bin/x");
     volume.link("/usr/local/bin/x", "/opt/homebrew/Cellar/x/bin/x");
-    volume.plist("/Library/LaunchAgents/x.plist",
-                 PlistDictionary{{"Label", "service"}, {"Program", "/usr/local/bin/x"}});
-    EXPECT_EQ(pathsOf(scan(volume)),
-              (Texts{"/Applications/Utilities/Twice.app", "/usr/local/bin/x"}));
+    volume.plist("/Library/LaunchAgents/x.plist", PlistDictionary{{"Program", "/usr/local/bin/x"}});
+    EXPECT_EQ(scan(), (Texts{"/Applications/Utilities/Twice.app", "/usr/local/bin/x"}));
 }
 
-TEST(SystemScanner, NamesThatAreNoTextAreShownWithReplacementsAndStayApart) {
-    VolumeBuilder volume;
+TEST_F(Driver, NamesThatAreNoTextAreShownWithReplacementsAndStayApart) {
     volume.file("/usr/local/bin/a\xFF", thinMachO(Slice::arm64));
     volume.file("/usr/local/bin/a\xFE", thinMachO(Slice::arm64));
-    EXPECT_EQ(pathsOf(scan(volume)), (Texts{"/usr/local/bin/a\uFFFD", "/usr/local/bin/a\uFFFD"}));
+    EXPECT_EQ(scan(), (Texts{"/usr/local/bin/a\uFFFD", "/usr/local/bin/a\uFFFD"}));
 }
 
-TEST(SystemScanner, ItemsAreSortedByStatusThenByNameWithoutRegardToCase) {
-    VolumeBuilder volume;
-    const auto add = [&](const char* name, Slice slice) {
-        volume.bundle(std::string("/Applications/") + name + ".app").executable("x", {slice});
-    };
-    add("Beta", Slice::arm64);
-    add("alpha", Slice::arm64);
-    add("Äpfel", Slice::arm64);
-    add("Zeta", Slice::x86_64);
-    add("Old", Slice::i386);
-    volume.folder("/Applications/Mystery.app");
-    Texts names;
-    for (const ScanItem& item : scan(volume).items)
-        names.push_back(item.name);
-    EXPECT_EQ(names, (Texts{"Old", "Zeta", "Mystery", "alpha", "Äpfel", "Beta"}));
+TEST_F(Driver, ProgramsAreSortedByStatusThenByNameWithoutRegardToCase) {
+    const std::string root = "/usr/local/bin/";
+    for (const char* native : {"Beta", "alpha", "Äpfel"})
+        volume.file(root + native, thinMachO(Slice::arm64));
+    volume.file(root + "Zeta", thinMachO(Slice::x86_64)).file(root + "Old", thinMachO(Slice::i386));
+    volume.folder("/Applications/Mystery.app").file(root + ".hidden", thinMachO(Slice::arm64));
+    volume.folder(root + "folder").file(root + "script", "#!/bin/sh\n").fifo(root + "fifo");
+    EXPECT_EQ(scan(), (Texts{root + "Old", root + "Zeta", "/Applications/Mystery.app",
+                             root + "alpha", root + "Äpfel", root + "Beta"}));
 }
 
-TEST(SystemScanner, AStoppedScanReportsNothingFurtherAndKeepsWhatItHas) {
-    VolumeBuilder volume;
-    addApplications(volume, 7);
-    addTools(volume, 3);
-    const Outcome outcome = scan(volume, {}, 5);
-    EXPECT_EQ(outcome.reports, (Texts{"Analysiere Programme … 0/10", "Analysiere Programme … 5/10"}));
-    EXPECT_EQ(outcome.items.size(), 5U);
-    EXPECT_EQ(scan(volume, {}, 10).reports.back(), "Fertig 10/10"); // too late to stop anything
+TEST_F(Driver, AStoppedScanReportsNothingFurtherAndKeepsWhatItHas) {
+    addTargets(7, 3);
+    EXPECT_EQ(scan({}, 5).size(), 5U);
+    EXPECT_EQ(reports, (Texts{bundles + "0/10", bundles + "5/10"}));
+    scan({}, 10); // too late to stop anything
+    EXPECT_EQ(reports.back(), "Fertig 10/10");
 }
 
 } // namespace
-} // namespace veridane
+} // namespace veridane::test

@@ -1,100 +1,70 @@
 #include "scan/MachOInspector.h"
-#include "support/MachOBuilder.h"
-#include "support/VolumeBuilder.h"
+#include "support/VolumeTest.h"
 
-#include <gtest/gtest.h>
-
-namespace veridane {
+namespace veridane::test {
 namespace {
-
-using namespace test;
-using enum CPUArch;
-
-Bytes bigEndian(std::initializer_list<std::uint32_t> words) {
-    Bytes bytes;
-    for (const std::uint32_t word : words)
-        appendBigEndian32(bytes, word);
-    return bytes;
-}
 
 Bytes universalHeader(std::uint32_t count, std::uint32_t entriesWritten) {
     Bytes bytes = bigEndian({0xCAFEBABE, count});
-    for (std::uint32_t i = 0; i < entriesWritten; ++i) {
-        for (const std::uint32_t word : {0x01000007u, 0x80000000u + i, 4096u, 0u, 12u})
-            appendBigEndian32(bytes, word);
-    }
+    for (std::uint32_t i = 0; i < entriesWritten; ++i)
+        append(bytes, bigEndian({0x01000007, 0x80000000 + i, 4096, 0, 12}));
     return bytes;
 }
 
-Bytes cutTo(Bytes bytes, std::size_t size) {
-    bytes.resize(size);
-    return bytes;
+Bytes cutTo(std::size_t size, const Bytes& bytes) {
+    return Bytes(bytes.data(), bytes.data() + size);
 }
 
-TEST(MachO, AHeaderTellsTheArchitecturesInFileOrder) {
-    const Bytes twoOfFive =
-        cutTo(universalMachO({Slice::i386, Slice::ppc, Slice::x86_64, Slice::arm64, Slice::arm64e}),
-              8 + 2 * 20 + 19);
+using MachO = VolumeTest;
+
+TEST_F(MachO, AHeaderTellsTheArchitecturesInFileOrder) {
+    using enum Slice;
+    using Arch = CPUArch;
     const struct {
         const char* what;
         Bytes file;
-        bool isMachOFile;
         std::vector<CPUArch> architectures;
+        bool isMachOFile = true;
     } cases[] = {
-        {"thin Intel", thinMachO(Slice::x86_64), true, {x86_64}},
-        {"thin arm64e, by the low bits of its subtype", thinMachO(Slice::arm64e), true, {arm64e}},
-        {"thin big-endian", thinMachO(Slice::ppc64), true, {ppc64}},
-        {"32-bit little-endian", thinMachO(Slice::i386), true, {i386}},
-        {"a processor of the future", thinMachO(Slice::unlisted), true, {unknown}},
-        {"Intel first", universalMachO({Slice::x86_64, Slice::arm64}), true, {x86_64, arm64}},
-        {"Apple first", universalMachO({Slice::arm64, Slice::x86_64}), true, {arm64, x86_64}},
-        {"both Apple flavours",
-         universalMachO({Slice::arm64, Slice::arm64e}),
-         true,
-         {arm64, arm64e}},
-        {"64-bit offsets",
-         universalMachO({{Slice::ppc, thinMachO(Slice::ppc)}, {Slice::arm, thinMachO(Slice::arm)}},
-                        true),
-         true,
-         {ppc, arm}},
-        {"two flavours of one processor", universalHeader(2, 2), true, {x86_64}},
-        {"as many entries as are believed", universalHeader(63, 63), true, {x86_64}},
-        {"one entry more", universalHeader(64, 64), true, {}},
-        {"a count with the top bit set", universalHeader(0x80000001, 2), true, {}},
-        {"no entries", universalHeader(0, 2), true, {}},
-        {"no count", bigEndian({0xCAFEBABE}), true, {}},
-        {"cut off in the first entry", cutTo(universalHeader(1, 1), 27), true, {}},
-        {"cut off in the third entry", twoOfFive, true, {i386, ppc}},
-        {"the other byte order", bigEndian({0xBEBAFECA, 0x01000000}), true, {}},
-        {"thin and cut off", cutTo(thinMachO(Slice::x86_64), 11), true, {}},
-        {"a script", {'#', '!', '/', 'b', 'i', 'n', '/', 's', 'h'}, false, {}},
-        {"three bytes", {0xCA, 0xFE, 0xBA}, false, {}},
-        {"nothing", {}, false, {}},
+        {"thin arm64e, by the low bits of its subtype", thinMachO(arm64e), {Arch::arm64e}},
+        {"thin big-endian", thinMachO(ppc64), {Arch::ppc64}},
+        {"32-bit little-endian", thinMachO(i386), {Arch::i386}},
+        {"a processor of the future", thinMachO(unlisted), {Arch::unknown}},
+        {"Intel first", universalMachO({x86_64, arm64}), {Arch::x86_64, Arch::arm64}},
+        {"Apple first", universalMachO({arm64, arm64e}), {Arch::arm64, Arch::arm64e}},
+        {"64-bit offsets", universalMachO({ppc, arm}, true), {Arch::ppc, Arch::arm}},
+        {"two flavours of one processor", universalHeader(2, 2), {Arch::x86_64}},
+        {"as many entries as are believed", universalHeader(63, 63), {Arch::x86_64}},
+        {"one entry more", universalHeader(64, 64), {}},
+        {"a count with the top bit set", universalHeader(0x80000001, 2), {}},
+        {"no entries", universalHeader(0, 2), {}},
+        {"cut off in the first entry", cutTo(27, universalHeader(1, 1)), {}},
+        {"cut off in the second", cutTo(47, universalMachO({i386, ppc})), {Arch::i386}},
+        {"the other byte order", bigEndian({0xBEBAFECA, 0x01000000}), {}},
+        {"thin and cut off", cutTo(11, thinMachO(x86_64)), {}},
+        {"a script", {'#', '!', '/', 'b', 'i', 'n', '/', 's', 'h'}, {}, false},
+        {"three bytes", {0xCA, 0xFE, 0xBA}, {}, false},
     };
-    VolumeBuilder volume;
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        const ArchitectureReport expected{c.architectures, !c.architectures.empty()};
-        EXPECT_EQ(MachOInspector::isMachOFile(ByteView(c.file)), c.isMachOFile);
-        EXPECT_EQ(MachOInspector::inspect(ByteView(c.file)), expected);
-        volume.file("/file", c.file);
-        EXPECT_EQ(MachOInspector::isMachOFile(volume.files(), Path("/file")), c.isMachOFile);
-        EXPECT_EQ(MachOInspector::inspect(volume.files(), Path("/file")), expected);
+    for (const auto& [what, file, architectures, isMachOFile] : cases) {
+        const ArchitectureReport expected{architectures, !architectures.empty()};
+        EXPECT_EQ(MachOInspector::isMachOFile(ByteView(file)), isMachOFile) << what;
+        EXPECT_EQ(MachOInspector::inspect(ByteView(file)), expected) << what;
+        volume.file("/file", file);
+        EXPECT_EQ(MachOInspector::isMachOFile(volume.files(), Path("/file")), isMachOFile);
+        EXPECT_EQ(MachOInspector::inspect(volume.files(), Path("/file")), expected) << what;
     }
 }
 
-TEST(MachO, WhatCannotBeReadIsNoMachOFileAndNeverBlocks) {
-    VolumeBuilder volume;
+TEST_F(MachO, WhatCannotBeReadIsNoMachOFileAndNeverBlocks) {
     volume.folder("/folder").fifo("/fifo").socket("/socket").link("/loop", "loop");
     volume.file("/real", thinMachO(Slice::arm64)).link("/link", "/real");
     const FileSystem files = volume.files();
     for (const char* path : {"/folder", "/fifo", "/socket", "/loop", "/missing", "/real/below"}) {
-        SCOPED_TRACE(path);
-        EXPECT_FALSE(MachOInspector::isMachOFile(files, Path(path)));
-        EXPECT_EQ(MachOInspector::inspect(files, Path(path)), emptyReport);
+        EXPECT_FALSE(MachOInspector::isMachOFile(files, Path(path))) << path;
+        EXPECT_EQ(MachOInspector::inspect(files, Path(path)), emptyReport) << path;
     }
     EXPECT_TRUE(MachOInspector::inspect(files, Path("/link")).isMachO);
 }
 
 } // namespace
-} // namespace veridane
+} // namespace veridane::test

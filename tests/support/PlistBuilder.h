@@ -1,14 +1,13 @@
 #pragma once
 
-#include <cstdint>
+#include "support/Bytes.h"
+
+#include <memory>
 #include <string>
-#include <variant>
 #include <vector>
 
 /// Property lists for tests: {{"Label", "org.example.x"}, {"ProgramArguments", PlistList{"/x"}}}.
 namespace veridane::test {
-
-using Bytes = std::vector<std::uint8_t>;
 
 class PlistValue;
 struct PlistEntry;
@@ -18,16 +17,16 @@ using PlistDictionary = std::vector<PlistEntry>; // in the order of writing
 class PlistValue {
 public:
     PlistValue(const char* text);
-    PlistValue(std::string text);
+    PlistValue(const std::string& text) : PlistValue(text.c_str()) {}
     PlistValue(int number);
     PlistValue(bool flag);
-    PlistValue(PlistList list);
-    PlistValue(PlistDictionary dictionary);
+    PlistValue(const PlistList& list);
+    PlistValue(const PlistDictionary& dictionary);
 
-    [[nodiscard]] const auto& value() const { return m_value; }
+    [[nodiscard]] void* node() const { return m_node.get(); }
 
 private:
-    std::variant<std::string, int, bool, PlistList, PlistDictionary> m_value;
+    std::shared_ptr<void> m_node; // the library's
 };
 
 struct PlistEntry {

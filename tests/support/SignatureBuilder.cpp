@@ -1,195 +1,153 @@
 #include "support/SignatureBuilder.h"
 
-#include "support/MachOBuilder.h"
-
-#include <openssl/asn1.h>
-#include <openssl/cms.h>
-#include <openssl/crypto.h>
-#include <openssl/evp.h>
-#include <openssl/x509.h>
-#include <openssl/x509v3.h>
-
-#include <algorithm>
-#include <cassert>
-#include <memory>
+#include <initializer_list>
+#include <iterator>
 #include <utility>
 
 namespace veridane::test {
 namespace {
 
-template <auto release>
-struct Free {
-    template <typename T>
-    void operator()(T* object) const {
-        release(object);
+constexpr std::uint8_t bitString = 0x03, octetString = 0x04, utf8String = 0x0C, sequence = 0x30,
+                       set = 0x31, context0 = 0xA0, context1 = 0xA1, context3 = 0xA3;
+
+// Whole elements: types, algorithms and numbers.
+const Bytes commonName{6, 3, 0x55, 4, 3}, organisation{6, 3, 0x55, 4, 10},
+    organisationalUnit{6, 3, 0x55, 4, 11}, subjectKey{6, 3, 0x55, 0x1D, 14},
+    email{6, 9, 0x2A, 0x86, 0x48, 0x86, 0xF7, 13, 1, 9, 1},
+    userId{6, 10, 9, 0x92, 0x26, 0x89, 0x93, 0xF2, 0x2C, 0x64, 1, 1},
+    data{6, 9, 0x2A, 0x86, 0x48, 0x86, 0xF7, 13, 1, 7, 1},
+    signedData{6, 9, 0x2A, 0x86, 0x48, 0x86, 0xF7, 13, 1, 7, 2},
+    timeStampToken{6, 11, 0x2A, 0x86, 0x48, 0x86, 0xF7, 13, 1, 9, 16, 2, 14},
+    rsa{sequence, 13, 6, 9, 0x2A, 0x86, 0x48, 0x86, 0xF7, 13, 1, 1, 1, 5, 0},
+    sha256{sequence, 11, 6, 9, 0x60, 0x86, 0x48, 1, 0x65, 3, 4, 2, 1};
+const Bytes one{2, 1, 1}, two{2, 1, 2}, serialNumber{2, 4, 0x5E, 0xED, 0x12, 0x34};
+
+Bytes bytesOf(const std::string& text) {
+    return Bytes(text.begin(), text.end());
+}
+
+/// Writes elements in DER, or in BER with the length of whatever holds others left open.
+struct Writer {
+    bool isOpen;
+
+    Bytes operator()(std::uint8_t tag, std::initializer_list<Bytes> parts) const {
+        Bytes content;
+        for (const Bytes& part : parts)
+            append(content, part);
+        const auto high = static_cast<std::uint8_t>(content.size() >> 8),
+                   low = static_cast<std::uint8_t>(content.size());
+        Bytes result = high > 0 ? Bytes{tag, 0x82, high, low} : Bytes{tag, 0x81, low};
+        if (isOpen && (tag & 0x20) != 0) {
+            result = {tag, 0x80};
+            append(content, {0, 0});
+        } else if (content.size() < 0x80) {
+            result = {tag, low};
+        }
+        append(result, content);
+        return result;
     }
 };
-using Key = std::unique_ptr<EVP_PKEY, Free<EVP_PKEY_free>>;
-using Certificate = std::unique_ptr<X509, Free<X509_free>>;
-using Name = std::unique_ptr<X509_NAME, Free<X509_NAME_free>>;
-using Cms = std::unique_ptr<CMS_ContentInfo, Free<CMS_ContentInfo_free>>;
 
-void addToName(const Name& name, int kind, const std::string& text) {
-    X509_NAME_add_entry_by_NID(name.get(), kind, V_ASN1_UTF8STRING,
-                               reinterpret_cast<const unsigned char*>(text.data()),
-                               static_cast<int>(text.size()), -1, 0);
-}
-
-Name plainName(const std::string& commonName) {
-    Name name(X509_NAME_new());
-    addToName(name, NID_commonName, commonName);
-    return name;
-}
-
-Name leafName(const SignatureSpec& spec) {
-    Name name(X509_NAME_new());
-    addToName(name, NID_userId, "UID1234567");
-    for (const auto& [kind, text] :
-         {std::pair(NID_commonName, spec.leafCommonName),
-          std::pair(NID_organizationalUnitName, spec.leafOrganisationalUnit),
-          std::pair(NID_organizationName, spec.leafOrganisation),
-          std::pair(NID_pkcs9_emailAddress, spec.leafEmail)}) {
-        if (text)
-            addToName(name, kind, *text);
+/// A name of those texts that are there, in the given order.
+using NamePart = std::pair<Bytes, std::optional<std::string>>;
+Bytes nameOf(const Writer& write, std::initializer_list<NamePart> parts) {
+    Bytes sets;
+    for (const auto& [type, text] : parts) {
+        const Bytes value = text ? write(utf8String, {bytesOf(*text)}) : Bytes();
+        append(sets, text ? write(set, {write(sequence, {type, value})}) : Bytes());
     }
-    return name;
+    return write(sequence, {sets});
 }
 
-/// Certificates have no secrets to keep here, so that one key is enough for all of them.
-EVP_PKEY* sharedKey() {
-    static const Key key(EVP_EC_gen("P-256"));
-    return key.get();
-}
-
-Certificate certificate(const Name& subject, const Name& issuer, const char* keyIdentifier,
-                        const std::string& comment) {
-    Certificate result(X509_new());
-    X509_set_version(result.get(), X509_VERSION_3);
-    ASN1_INTEGER_set(X509_get_serialNumber(result.get()), 0x5EED1234);
-    X509_set_subject_name(result.get(), subject.get());
-    X509_set_issuer_name(result.get(), issuer.get());
-    ASN1_TIME_set_string(X509_getm_notBefore(result.get()), "20200101000000Z");
-    ASN1_TIME_set_string(X509_getm_notAfter(result.get()), "20400101000000Z");
-    X509_set_pubkey(result.get(), sharedKey());
-    for (const auto& [kind, text] : {std::pair(NID_subject_key_identifier, keyIdentifier),
-                                     std::pair(NID_netscape_comment, comment.c_str())}) {
-        const std::unique_ptr<X509_EXTENSION, Free<X509_EXTENSION_free>> extension(
-            X509V3_EXT_conf_nid(nullptr, nullptr, kind, text));
-        X509_add_ext(result.get(), extension.get(), -1);
-    }
-    X509_sign(result.get(), sharedKey(), EVP_sha256());
-    return result;
-}
-
-Bytes encoded(const CMS_ContentInfo* cms, bool indefiniteLengths) {
-    const auto encode = indefiniteLengths ? ASN1_item_ndef_i2d : ASN1_item_i2d;
-    unsigned char* start = nullptr;
-    const int size = encode(reinterpret_cast<const ASN1_VALUE*>(cms), &start, CMS_ContentInfo_it());
-    assert(size > 0 && "a CMS that cannot be encoded");
-    Bytes bytes(start, start + size);
-    OPENSSL_free(start);
-    return bytes;
+/// Its key and its signature are of the usual size and mean nothing.
+Bytes certificate(const Writer& write, const Bytes& subject, const Bytes& issuer, Bytes key) {
+    const Bytes number = write(2, {Bytes(256, 0x5A)});
+    const Bytes publicKey = write(bitString, {{0}, write(sequence, {number, one})});
+    const Bytes date = bytesOf("\x17\x0D"
+                               "200101000000Z");
+    const Bytes identifier = write(octetString, {write(octetString, {key, key})});
+    const Bytes extension = write(sequence, {subjectKey, identifier});
+    const Bytes body =
+        write(sequence, {write(context0, {two}), serialNumber, rsa, issuer,
+                         write(sequence, {date, date}), subject, write(sequence, {rsa, publicKey}),
+                         write(context3, {write(sequence, {extension})})});
+    return write(sequence, {body, rsa, write(bitString, {Bytes(257)})});
 }
 
 /// A signature by the leaf, in a chain below an authority of the given name.
-Bytes signedCms(const std::string& authority, const Name& leafSubject, const SignatureSpec& spec,
+Bytes signedCms(const std::string& authority, const Bytes& leaf, const SignatureSpec& spec,
                 const Bytes& timeStamp) {
-    const Name rootName = plainName(authority + " Root"), middleName = plainName(authority);
-    const Certificate root = certificate(rootName, rootName, "01:01", "root");
-    const Certificate middle = certificate(middleName, rootName, "02:02", "intermediate");
-    // A set is ordered by its elements' bytes, which begin with their sizes: like the leaves of
-    // real chains, which state their policy, this one is by far the largest.
-    const Certificate leaf = certificate(leafSubject, middleName, "03:03", std::string(400, '.'));
+    using enum SignatureSpec::Lengths;
+    const Writer inner{spec.lengths == open}, write{spec.lengths != given};
+    const Bytes root = nameOf(inner, {{commonName, authority + " Root"}});
+    const Bytes middle = nameOf(inner, {{commonName, authority}});
+    const Bytes certificates =
+        write(context0, {certificate(inner, root, root, {1}), certificate(inner, middle, root, {2}),
+                         certificate(inner, leaf, middle, {3})});
 
-    constexpr unsigned int detached = CMS_PARTIAL | CMS_DETACHED | CMS_BINARY;
-    const Cms cms(CMS_sign(nullptr, nullptr, nullptr, nullptr, detached));
-    for (const auto* member : {&root, &middle})
-        CMS_add1_cert(cms.get(), member->get());
-    CMS_SignerInfo* signer =
-        CMS_add1_signer(cms.get(), leaf.get(), sharedKey(), EVP_sha256(),
-                        detached | (spec.signerByKeyIdentifier ? CMS_USE_KEYID : 0));
-    const std::unique_ptr<BIO, Free<BIO_free>> content(BIO_new_mem_buf("content", 7));
-    CMS_final(cms.get(), content.get(), nullptr, detached);
+    Bytes signer = write(sequence, {middle, serialNumber}), attributes;
+    if (spec.signerByKeyIdentifier) // an octet string, which may come in pieces
+        signer = spec.lengths == open ? write(context0, {{4, 1, 3}, write(0x24, {{4, 1, 3}})})
+                                      : Bytes{0x80, 2, 3, 3};
     if (!timeStamp.empty())
-        CMS_unsigned_add1_attr_by_NID(signer, NID_id_smime_aa_timeStampToken, V_ASN1_SEQUENCE,
-                                      timeStamp.data(), static_cast<int>(timeStamp.size()));
-    return encoded(cms.get(), spec.indefiniteLengths);
-}
-
-bool isAdHoc(const SignatureSpec& spec) {
-    return !spec.leafCommonName && !spec.leafOrganisationalUnit && !spec.leafOrganisation &&
-           !spec.leafEmail;
-}
-
-Bytes blob(std::uint32_t magic, const Bytes& content) {
-    Bytes bytes;
-    appendBigEndian32(bytes, magic);
-    appendBigEndian32(bytes, static_cast<std::uint32_t>(8 + content.size()));
-    bytes.insert(bytes.end(), content.begin(), content.end());
-    return bytes;
-}
-
-void putBigEndian32(Bytes& bytes, std::size_t offset, std::size_t value) {
-    Bytes word;
-    appendBigEndian32(word, static_cast<std::uint32_t>(value));
-    std::copy(word.begin(), word.end(), bytes.begin() + static_cast<std::ptrdiff_t>(offset));
+        attributes = write(context1, {write(sequence, {timeStampToken, write(set, {timeStamp})})});
+    const Bytes signerInfo =
+        write(sequence, {one, signer, sha256, rsa, write(octetString, {Bytes(256)}), attributes});
+    const Bytes content = write(sequence, {one, write(set, {sha256}), write(sequence, {data}),
+                                           certificates, write(set, {signerInfo})});
+    return write(sequence, {signedData, write(context0, {content})});
 }
 
 } // namespace
 
+Bytes signatureBlob(std::uint32_t magic, const Bytes& content) {
+    Bytes bytes = bigEndian({magic, 8 + content.size()});
+    append(bytes, content);
+    return bytes;
+}
+
 Bytes codeDirectoryFile(const SignatureSpec& spec) {
-    const std::uint32_t version = spec.codeDirectoryVersion;
-    const std::size_t headerSize = version >= 0x20400 ? 88 : version >= 0x20200 ? 52 : 48;
-    Bytes content(headerSize - 8); // offsets count from the blob's start
-    const auto appendText = [&content](const std::string& text) {
-        const std::size_t offset = content.size() + 8;
-        content.insert(content.end(), text.begin(), text.end());
-        content.push_back(0);
-        return offset;
-    };
-    putBigEndian32(content, 0, version);
-    putBigEndian32(content, 12, appendText(spec.identifier));
-    if (spec.teamIdentifier && version >= 0x20200)
-        putBigEndian32(content, 40, appendText(*spec.teamIdentifier));
-    putBigEndian32(content, 8, content.size() + 8); // the hashes
-    putBigEndian32(content, 20, 1);                 // one page
-    putBigEndian32(content, 24, 4096);              // of code
-    putBigEndian32(content, 28, 0x2002000C);        // SHA-256, pages of 4096 bytes
-    content.resize(content.size() + 32, 0xA5);
-    return blob(0xFADE0C02, content);
+    constexpr std::size_t headerSize = 88, version = 0x20400, codeSize = 4096;
+    constexpr std::size_t sha256WithPagesOf4096 = 0x2002000C;
+    const std::string texts = spec.identifier + '\0' + spec.teamIdentifier.value_or("") + '\0';
+    const std::size_t team = spec.teamIdentifier ? headerSize + spec.identifier.size() + 1 : 0;
+    Bytes content = bigEndian({version, 0, headerSize + texts.size(), headerSize, 0, 1, codeSize,
+                               sha256WithPagesOf4096, 0, 0, team});
+    content.resize(headerSize - 8); // offsets count from the blob's start
+    append(content, Bytes(texts.begin(), texts.end()));
+    append(content, Bytes(32, 0xA5)); // the hash of the only page
+    return signatureBlob(0xFADE0C02, content);
 }
 
 Bytes cmsFile(const SignatureSpec& spec) {
-    if (isAdHoc(spec))
+    if (!spec.leafCommonName && !spec.leafOrganisationalUnit && !spec.leafOrganisation &&
+        !spec.leafEmail)
         return {};
-    const Name timeServer = plainName("Example Time Stamp Signer");
-    const Bytes timeStamp =
-        spec.withTimeStamp ? signedCms("Example Time Stamping", timeServer, spec, {}) : Bytes();
-    return signedCms("Example Developer Authority", leafName(spec), spec, timeStamp);
+    const Writer write{spec.lengths == SignatureSpec::Lengths::open};
+    const Bytes leaf = nameOf(write, {{userId, "UID1234567"},
+                                      {commonName, spec.leafCommonName},
+                                      {organisationalUnit, spec.leafOrganisationalUnit},
+                                      {organisation, spec.leafOrganisation},
+                                      {email, spec.leafEmail}});
+    const Bytes server = nameOf(write, {{commonName, "Example Time Stamp Signer"}});
+    return signedCms("Example Developer Authority", leaf, spec,
+                     spec.withTimeStamp ? signedCms("Example Time Stamping", server, spec, {})
+                                        : Bytes());
 }
 
 Bytes embeddedSignature(const SignatureSpec& spec) {
-    using enum SignatureSpec::AdHocShape;
-    constexpr std::uint32_t codeDirectorySlot = 0, requirementsSlot = 2, cmsSlot = 0x10000;
-    Bytes result = codeDirectoryFile(spec);
-    if (!isAdHoc(spec) || spec.adHocShape != codeDirectoryOnly) {
-        std::vector<std::pair<std::uint32_t, Bytes>> blobs = {
-            {codeDirectorySlot, result}, {requirementsSlot, blob(0xFADE0C01, Bytes(4))}};
-        if (!isAdHoc(spec) || spec.adHocShape != noCmsBlob)
-            blobs.emplace_back(cmsSlot, blob(0xFADE0B01, cmsFile(spec)));
-        Bytes index, contents;
-        appendBigEndian32(index, static_cast<std::uint32_t>(blobs.size()));
-        for (const auto& [slot, bytes] : blobs) {
-            appendBigEndian32(index, slot);
-            appendBigEndian32(index,
-                              static_cast<std::uint32_t>(12 + blobs.size() * 8 + contents.size()));
-            contents.insert(contents.end(), bytes.begin(), bytes.end());
-        }
-        index.insert(index.end(), contents.begin(), contents.end());
-        result = blob(0xFADE0CC0, index);
+    const std::pair<std::uint32_t, Bytes> slots[] = {
+        {0, codeDirectoryFile(spec)},
+        {2, signatureBlob(0xFADE0C01, Bytes(4))},
+        {0x10000, signatureBlob(0xFADE0B01, cmsFile(spec))},
+    };
+    Bytes index = bigEndian({std::size(slots)}), blobs;
+    for (const auto& [slot, blob] : slots) {
+        append(index, bigEndian({slot, 12 + std::size(slots) * 8 + blobs.size()}));
+        append(blobs, blob);
     }
-    result.resize(result.size() + spec.padding);
-    return result;
+    append(index, blobs);
+    return signatureBlob(0xFADE0CC0, index);
 }
 
 } // namespace veridane::test

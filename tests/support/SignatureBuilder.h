@@ -1,20 +1,17 @@
 #pragma once
 
-#include <cstdint>
+#include "support/Bytes.h"
+
 #include <optional>
 #include <string>
-#include <vector>
 
-/// Code signatures for tests, with certificates made on the fly.
+/// Code signatures for tests, as far as they are read: keys and hashes are filled in with anything.
 namespace veridane::test {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// What a signature says and in which of the shapes that occur on real Macs.
 struct SignatureSpec {
     std::string identifier = "com.example.app";
-    std::optional<std::string>
-        teamIdentifier; // in the code directory (none in a version before 0x20200)
+    std::optional<std::string> teamIdentifier; // in the code directory
 
     /// The leaf certificate's subject, behind the user ID that it always begins with. With none of
     /// the four the signature is ad hoc.
@@ -23,23 +20,24 @@ struct SignatureSpec {
     std::optional<std::string> leafOrganisation;
     std::optional<std::string> leafEmail;
 
-    enum class AdHocShape { emptyCmsWrapper, noCmsBlob, codeDirectoryOnly };
-    AdHocShape adHocShape = AdHocShape::emptyCmsWrapper;
-
     bool signerByKeyIdentifier = false; // else by issuer and serial
     bool withTimeStamp = true;          // a nested CMS with certificates of its own
-    bool indefiniteLengths = true;      // BER, as nearly every real one; else DER
-    std::uint32_t codeDirectoryVersion = 0x20400;
-    std::uint32_t padding = 0; // zero bytes behind the signature
+    /// Of all elements given (DER), of those around the certificates left open (BER, as in nearly
+    /// every real one), or left open wherever BER allows it.
+    enum class Lengths { given, partlyOpen, open };
+    Lengths lengths = Lengths::partlyOpen;
 };
 
-/// The embedded-signature superblob.
+/// The embedded-signature superblob: code directory, requirements and CMS (empty if ad hoc).
 [[nodiscard]] Bytes embeddedSignature(const SignatureSpec& spec);
 
 /// The code directory blob and the bare CMS, as they stand as two files in _CodeSignature. The CMS
-/// holds the root, the intermediate and, last, the leaf certificate; all of them have the same
-/// serial number. Empty for an ad-hoc signature.
+/// holds a root, an intermediate and the leaf certificate, all with the same serial number. Empty
+/// for an ad-hoc signature.
 [[nodiscard]] Bytes codeDirectoryFile(const SignatureSpec& spec);
 [[nodiscard]] Bytes cmsFile(const SignatureSpec& spec);
+
+/// The content with its header.
+[[nodiscard]] Bytes signatureBlob(std::uint32_t magic, const Bytes& content);
 
 } // namespace veridane::test

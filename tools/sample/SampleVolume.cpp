@@ -4,9 +4,11 @@
 #include "sample/SampleTables.h"
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace veridane::sample {
@@ -88,22 +90,11 @@ std::int64_t secondsOf(Day day) {
     return noon.time_since_epoch().count();
 }
 
-/// A bare Mach-O file, signed in each slice.
-Bytes machO(Code code, const std::optional<SignatureSpec>& spec = {}) {
-    const Bytes signature = spec ? embeddedSignature(*spec) : Bytes();
-    std::vector<UniversalPart> parts;
-    for (const Slice slice : slicesOf(code))
-        parts.push_back({slice, thinMachO(slice, signature)});
-    return parts.size() == 1 ? parts.front().file : universalMachO(parts);
-}
-
 void writeBundle(VolumeBuilder& volume, const Bundle& bundle) {
     const Path path(bundle.path);
     const std::string stem(path.stem());
     const bool isApplication = path.extension() == "app";
     BundleBuilder builder(volume, bundle.path);
-    if (bundle.extras.isFlat)
-        builder.flat();
     // The store's builds have the binary form, which also takes names that XML cannot hold.
     const bool isBinary = bundle.extras.hasReceipt || *bundle.extras.displayName;
     builder.infoForm(isBinary ? PlistForm::binary : PlistForm::xml)
@@ -121,23 +112,35 @@ void writeBundle(VolumeBuilder& volume, const Bundle& bundle) {
     if (bundle.extras.hasReceipt)
         builder.receipt();
     if (bundle.extras.hasSparkleFramework)
-        builder.framework("Sparkle", machO(Code::universal), bytesOf(96));
+        builder.framework("Sparkle", machO(slicesOf(Code::universal)), bytesOf(96));
 
     if (bundle.code == Code::script)
-        builder.executable(stem, Bytes(launcher.begin(), launcher.end()));
+        builder.info("CFBundleExecutable", stem).file("Contents/MacOS/" + stem, launcher);
     else
         builder.executable(stem, slicesOf(bundle.code), bytesOf(bundle.kilobytes));
     if (const auto signature = signatureOf(bundle.maker, bundle.signing, bundle.identifier))
         builder.signedBy(*signature);
-    const std::string resources = bundle.extras.isFlat ? "" : "Contents/Resources/";
-    builder.file(resources + "Assets.car", {}, bytesOf(bundle.kilobytes) / 2)
-        .file(resources + "de.lproj/InfoPlist.strings", "CFBundleName = \"" + stem + "\";\n");
+    builder.file("Contents/Resources/Assets.car", {}, bytesOf(bundle.kilobytes) / 2)
+        .file("Contents/Resources/de.lproj/InfoPlist.strings",
+              "CFBundleName = \"" + stem + "\";\n");
+}
+
+/// Gives a bundle the shape of an iPhone application, with everything at its top level.
+void flatten(const std::filesystem::path& bundle) {
+    std::error_code error;
+    for (const char* name : {"Contents/MacOS", "Contents/Resources", "Contents"}) {
+        const std::filesystem::path folder = bundle / name;
+        for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+            std::filesystem::rename(entry.path(), bundle / entry.path().filename(), error);
+        std::filesystem::remove(folder, error);
+    }
 }
 
 void writeTools(VolumeBuilder& volume) {
     for (const Tool& tool : tools) {
         const auto signature = signatureOf(tool.maker, tool.signing, Path(tool.path).name());
-        volume.file(tool.path, machO(tool.code, signature), bytesOf(tool.kilobytes))
+        const Bytes signatureBytes = signature ? embeddedSignature(*signature) : Bytes();
+        volume.file(tool.path, machO(slicesOf(tool.code), signatureBytes), bytesOf(tool.kilobytes))
             .modified(tool.path, secondsOf(tool.modified));
     }
 }
@@ -171,7 +174,9 @@ void writeBrokenObjects(VolumeBuilder& volume) {
         .info("CFBundleName", "Bruchstückchen")
         .identifier("de.hagebutz.bruchstueckchen")
         .version("0.9", "12")
-        .executable("Bruchstückchen", Bytes(universal.begin(), universal.begin() + 8 + 20 + 5))
+        .info("CFBundleExecutable", "Bruchstückchen")
+        .file("Contents/MacOS/Bruchstückchen",
+              Bytes(universal.begin(), universal.begin() + 8 + 20 + 5))
         .modified(date);
     volume.bundle("/Applications/Grünspanpflege.app")
         .file("Contents/Info.plist", "<?xml version=\"1.0\"?><plist><dict><key>CFBundleNa")
@@ -211,10 +216,15 @@ void writeSampleVolume(VolumeBuilder& volume) {
         for (const char* folder : {"/Desktop", "/Documents", "/Library/LaunchAgents"})
             volume.folder(std::string(home) + folder);
     }
-    for (const Bundle& bundle : bundles)
+    for (const Bundle& bundle : bundles) {
         writeBundle(volume, bundle);
+        if (!bundle.extras.isFlat)
+            continue;
+        flatten(volume.hostPath(bundle.path));
+        volume.modified(bundle.path, secondsOf(bundle.modified));
+    }
     for (const Component& component : components)
-        volume.file(component.path, machO(component.code), bytesOf(component.kilobytes));
+        volume.file(component.path, machO(slicesOf(component.code)), bytesOf(component.kilobytes));
     writeTools(volume);
     writeLinks(volume);
     writeServices(volume);
