@@ -45,11 +45,6 @@ std::string_view Path::stem() const {
     return dot == 0 ? whole : whole.substr(0, dot);
 }
 
-Path Path::parent() const {
-    const std::size_t slash = m_bytes.rfind('/');
-    return Path(std::string_view(m_bytes).substr(0, slash));
-}
-
 Path Path::operator/(std::string_view components) const {
     Path result;
     result.m_bytes.reserve(m_bytes.size() + 1 + components.size());

@@ -32,9 +32,6 @@ public:
     /// `name` without its extension and the dot before it.
     [[nodiscard]] std::string_view stem() const;
 
-    /// The folder of the last component; the root is its own parent.
-    [[nodiscard]] Path parent() const;
-
     /// Appends one or more components. Never joins: text that begins with a slash stays below this
     /// path, so that a bundle cannot name a file outside by an absolute path.
     [[nodiscard]] Path operator/(std::string_view components) const;
