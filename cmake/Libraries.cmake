@@ -1,6 +1,8 @@
 # The libraries of the project; scripts/setup installs them.
 find_package(PkgConfig REQUIRED)
-find_package(OpenSSL 3 REQUIRED COMPONENTS Crypto)
+find_package(OpenSSL 3 REQUIRED COMPONENTS Crypto SSL)
+find_package(CURL 7.88 REQUIRED)
+find_package(EXPAT REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)

@@ -4,6 +4,7 @@
 
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 
@@ -64,6 +65,28 @@ std::size_t columns(UChar32 character) {
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
+// ICU's macro narrows integers inside.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"
+UChar32 takeCharacter(std::string_view text, std::size_t& offset) {
+    UChar32 character = 0;
+    U8_NEXT_OR_FFFD(text.data(), offset, text.size(), character);
+    return character;
+}
+#pragma GCC diagnostic pop
+
+/// Where the first character from `from` on begins that is a number character, or else is none.
+std::size_t findNumberCharacter(std::string_view text, std::size_t from, bool isNumber) {
+    while (from < text.size()) {
+        std::size_t next = from;
+        const UChar32 character = takeCharacter(text, next);
+        if ((u_getIntPropertyValue(character, UCHAR_NUMERIC_TYPE) != U_NT_NONE) == isNumber)
+            break;
+        from = next;
+    }
+    return from;
+}
+
 } // namespace
 
 std::string validUtf8(std::string_view bytes) {
@@ -104,6 +127,16 @@ std::string trimmed(std::string_view text) {
     while (begin < end && u_isUWhiteSpace(characters.charAt(end - 1)))
         --end;
     return encoded(characters.tempSubStringBetween(begin, end));
+}
+
+std::optional<std::string_view> takeNumberRun(std::string_view& text) {
+    const std::size_t begin = findNumberCharacter(text, 0, true);
+    const std::size_t end = findNumberCharacter(text, begin, false);
+    const std::string_view run = text.substr(begin, end - begin);
+    text.remove_prefix(end);
+    if (run.empty())
+        return std::nullopt;
+    return run;
 }
 
 std::string printable(std::string_view text) {

@@ -22,6 +22,11 @@ namespace veridane::text {
 /// Without Unicode white space at both ends.
 [[nodiscard]] std::string trimmed(std::string_view text);
 
+/// Takes the first maximal run of number characters off the text, with all that stands before it;
+/// nothing if there is none left. A number character is one with a Unicode numeric type: digits of
+/// every script, fractions, Roman and Chinese numerals.
+[[nodiscard]] std::optional<std::string_view> takeNumberRun(std::string_view& text);
+
 /// Makes text harmless for a terminal or a log line: control, format and line-separating
 /// characters become U+FFFD, save the joiners that some scripts and emoji are spelled with.
 [[nodiscard]] std::string printable(std::string_view text);

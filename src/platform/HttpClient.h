@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Url.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace veridane {
+
+/// The server has answered to the end. What it means by that is in the status.
+struct HttpStatus {
+    int code = 0;
+
+    bool operator==(const HttpStatus&) const = default;
+};
+
+/// No answer, or none to its end.
+struct TransportError {
+    std::string description; // for people
+
+    bool operator==(const TransportError&) const = default;
+};
+
+using HttpOutcome = std::variant<HttpStatus, TransportError>;
+
+/// Fetches documents over HTTP, many at a time.
+class HttpClient {
+public:
+    /// A piece of the answer's body, decompressed, in order.
+    using BodyHandler = std::function<void(std::string_view)>;
+    using Completion = std::function<void(HttpOutcome)>;
+
+    virtual ~HttpClient() = default;
+
+    /// Starts a GET and returns at once; redirects are followed, and `onBody` gets the body of the
+    /// last answer alone. Both functions are called on a thread of the client, one call at a time;
+    /// `onEnd` is the last call and comes once, unless the client is destroyed before: then neither
+    /// is called any more. Safe on any thread.
+    virtual void get(const Url& url, BodyHandler onBody, Completion onEnd) = 0;
+};
+
+} // namespace veridane
