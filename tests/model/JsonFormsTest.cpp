@@ -1,5 +1,7 @@
 #include "model/JsonForms.h"
 
+#include "model/SnapshotReader.h"
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -8,94 +10,116 @@ namespace {
 
 using Json = nlohmann::json;
 
-const std::string fullText =
-    R"({"architecture":{"architectures":["x86_64","arm64e"],"isMachO":true},"buildNumber":"7",)"
-    R"("bundleIdentifier":"com.acme.ä","categoryDescription":"Games",)"
-    R"("id":"0123ABCD-4567-89EF-0123-456789ABCDEF","intelComponents":["Contents/a","b"],)"
-    R"("kind":"systemExtension","lastModified":"2027-03-01T09:30:00Z","name":"A \"B\"",)"
-    R"("path":"/Applications/A.app","sizeOnDisk":9223372036854775807,)"
-    R"("sparkleFeedURL":"https://acme.example/feed","status":"native","teamIdentifier":"T1",)"
-    R"("updateResult":{"failed":{"reason":"x"}},"updateSource":"unsigned","vendor":"Acme",)"
-    R"("version":"1.0"})";
-const std::string bareText =
-    R"({"architecture":{"architectures":[],"isMachO":false},)"
-    R"("id":"00000000-0000-0000-0000-000000000000","intelComponents":[],"kind":"other","name":"",)"
-    R"("path":"","status":"unknown","updateResult":{"notChecked":{}},"updateSource":"unknown"})";
+const std::string head = R"({"schemaVersion":-3,"scannedAt":"2027-03-01T09:30:00Z","options":{)"
+                         R"("includeApplications":true,"includeSystemApps":true,)"
+                         R"("includeCommandLineTools":true,"includeLaunchServices":true,)"
+                         R"("includeAudioPlugins":false,"includeExtensions":true},"items":[)";
+const std::string fullItem =
+    R"({"id":"0123ABCD-4567-89EF-0123-456789ABCDEF","name":"A \"B\\\u000a","path":"/Apps/A.app",)"
+    R"("kind":"systemExtension","architecture":{"architectures":["x86_64","arm64e"],)"
+    R"("isMachO":true},"status":"native","intelComponents":["Contents/a","b"],)"
+    R"("bundleIdentifier":"com.acme.ä","version":"1.0","buildNumber":"7","vendor":"Acme",)"
+    R"("teamIdentifier":"T1","categoryDescription":"Games","sizeOnDisk":9223372036854775807,)"
+    R"("lastModified":"2027-03-01T09:30:00Z","updateSource":"unsigned",)"
+    R"("sparkleFeedURL":"https://acme.example/feed","updateResult":{"failed":{"reason":"x"}}})";
+const std::string bareItem =
+    R"({"id":"00000000-0000-0000-0000-000000000000","name":"","path":"","kind":"other",)"
+    R"("architecture":{"architectures":[],"isMachO":false},"status":"unknown",)"
+    R"("intelComponents":[],"updateSource":"unknown","updateResult":{"notChecked":{}}})";
+const std::string good = head + fullItem + "," + bareItem + "]}";
 
-ScanItem readItem(const std::string& text) {
-    const auto reading = decodeScanItem(Json::parse(text));
-    EXPECT_TRUE(std::holds_alternative<ScanItem>(reading)) << std::get<Unreadable>(reading).reason;
-    return std::get<ScanItem>(reading);
+bool isReadable(const std::string& text) {
+    return readSnapshot(text).has_value();
 }
 
-TEST(JsonForms, AnItemComesBackAsItWasButForTheFractionOfItsDate) {
-    ScanItem item = readItem(fullText);
-    EXPECT_EQ(encode(item).dump(), fullText);
-    EXPECT_EQ(item.sizeOnDisk, INT64_MAX);
-    item.lastModified = *item.lastModified + std::chrono::milliseconds(500);
-    EXPECT_EQ(encode(item).dump(), fullText);
-
-    EXPECT_EQ(readItem(bareText), ScanItem());
-    EXPECT_EQ(encode(ScanItem()).dump(), bareText);
+std::string replaced(std::string text, const std::string& old, const std::string& replacement) {
+    return text.replace(text.find(old), old.size(), replacement);
 }
 
-TEST(JsonForms, OneBadFieldMakesAnItemUnreadable) {
-    const Json damages = Json::parse(R"([
-        ["/id", "0123ABCD-4567-89EF-0123-456789ABCDE"], ["/id", "0123ABCD-4567-89EF-0123+456789ABCDEF"],
-        ["/id", "0123ABCD-4567-89EF-0123-456789ABCDEG"], ["/name", 1], ["/vendor", null],
-        ["/architecture/isMachO", 1], ["/architecture/architectures/0", "x86_32"],
-        ["/kind", "Application"], ["/status", ""], ["/updateSource", "unsigned_"],
-        ["/intelComponents/1", 2], ["/intelComponents", "a"], ["/sizeOnDisk", 9223372036854775808],
-        ["/sizeOnDisk", 1.0], ["/sizeOnDisk", true], ["/lastModified", "2027-03-01T09:30:00.5Z"],
-        ["/updateResult", []], ["/updateResult/failed", {}]])");
-    for (const Json& damage : damages) {
-        Json damaged = Json::parse(fullText);
-        damaged[Json::json_pointer(damage[0])] = damage[1];
-        EXPECT_EQ(decodeScanItem(damaged).index(), 1u) << damage;
-    }
-    const Json bare = Json::parse(bareText);
-    for (const auto& [key, value] : bare.items()) {
-        Json damaged = bare;
-        damaged.erase(key);
-        EXPECT_EQ(std::get<Unreadable>(decodeScanItem(damaged)).reason, key + ": Missing.");
-    }
-    EXPECT_EQ(decodeScanItem(Json::array()).index(), 1u);
-    EXPECT_EQ(readItem(R"({"later":1,)" + bareText.substr(1)), ScanItem());
-}
-
-TEST(JsonForms, AnUpdateResultHasExactlyOneCase) {
-    for (const char* text : {R"({"notChecked":{}})", R"({"checking":{}})", R"({"noFeed":{}})",
-                             R"({"upToDate":{"latest":"1"}})", R"({"failed":{"reason":"x"}})",
-                             R"({"updateAvailable":{"latest":"2"}})"}) {
-        const auto reading = decodeUpdateCheckResult(Json::parse(text));
-        EXPECT_EQ(encode(std::get<UpdateCheckResult>(reading)).dump(), text);
-    }
-    for (const char* text :
-         {R"({"upToDate":{"latest":"1"},"noFeed":{}})", "{}", R"({"extra":1})", R"({"noFeed":[]})",
-          R"({"upToDate":{"reason":"1"}})", "7", "null", R"({"upToDate":{"latest":1}})"})
-        EXPECT_EQ(decodeUpdateCheckResult(Json::parse(text)).index(), 1u) << text;
-    const Json extended = Json::parse(R"({"failed":{"reason":"x"},"extra":1})");
-    EXPECT_EQ(std::get<UpdateCheckResult>(decodeUpdateCheckResult(extended)),
-              UpdateCheckResult::failed("x"));
-}
-
-TEST(JsonForms, ASnapshotIsOneLineWithItsItemsInOrder) {
-    CachedScanSnapshot snapshot;
-    snapshot.scannedAt = *parseISO8601("2027-03-01T09:30:00Z");
-    snapshot.options.includeSystemApps = true;
-    const std::string head =
-        R"({"schemaVersion":1,"scannedAt":"2027-03-01T09:30:00Z","options":{)"
-        R"("includeApplications":true,"includeAudioPlugins":true,"includeCommandLineTools":true,)"
-        R"("includeExtensions":true,"includeLaunchServices":true,"includeSystemApps":true},)"
-        R"("items":[)";
-    EXPECT_EQ(snapshotText(snapshot), head + "]}");
-    snapshot.items = {readItem(fullText), ScanItem()};
-    EXPECT_EQ(snapshotText(snapshot), head + fullText + "," + bareText + "]}");
-    const Json parsed = Json::parse(snapshotText(snapshot));
-    EXPECT_EQ(std::get<ScanOptions>(decodeScanOptions(parsed["options"])), snapshot.options);
+TEST(JsonForms, ASnapshotComesBackAsItWasButForTheFractionsOfItsDates) {
+    auto snapshot = readSnapshot(good).value();
+    EXPECT_EQ(snapshotText(snapshot), good);
+    EXPECT_EQ(snapshot.items.at(0).name, "A \"B\\\n");
+    EXPECT_EQ(snapshot.items.at(1), ScanItem());
+    for (Date* date : {&snapshot.scannedAt, &*snapshot.items[0].lastModified})
+        *date += std::chrono::milliseconds(500);
+    EXPECT_EQ(snapshotText(snapshot), good);
+    EXPECT_EQ(snapshotText(readSnapshot(head + "]}").value()), head + "]}");
     snapshot.items[1].name = "\xFF";
     EXPECT_NE(snapshotText(snapshot).find("\"\uFFFD\""), std::string::npos);
-    EXPECT_EQ(decodeScanOptions(Json::parse(R"({"includeApplications":true})")).index(), 1u);
+}
+
+TEST(JsonForms, EachRequiredKeyIsNeededAndAnUnknownOneIsPassedOver) {
+    const Json whole = Json::parse(good);
+    for (const std::string record : {"", "/options", "/items/0", "/items/0/architecture"}) {
+        for (const auto& [key, value] : whole.at(Json::json_pointer(record)).items()) {
+            Json damaged = whole;
+            damaged[Json::json_pointer(record)].erase(key);
+            const bool isOptional = record == "/items/0" && !Json::parse(bareItem).contains(key);
+            EXPECT_EQ(isReadable(damaged.dump()), isOptional) << record << '/' << key;
+        }
+        Json extended = whole;
+        extended[Json::json_pointer(record)]["later"] = {{"id", {1, nullptr, {{"items", 2.5}}}}};
+        EXPECT_EQ(readSnapshot(extended.dump()), readSnapshot(good));
+    }
+}
+
+TEST(JsonForms, OneBadValueMakesTheSnapshotUnreadable) {
+    const Json damages = Json::parse(R"({
+        "": [["schemaVersion", "1"], ["schemaVersion", 1.0], ["schemaVersion", true],
+             ["scannedAt", "2027-03-01T09:30:00.5Z"], ["scannedAt", "2027-02-29T09:30:00Z"],
+             ["options", []], ["items", {}]],
+        "/options": [["includeExtensions", 1]], "/items": [["1", null], ["1", []]],
+        "/items/0": [["id", "0123ABCD-4567-89EF-0123-456789ABCDEG"], ["name", 1], ["vendor", null],
+             ["id", "0123ABCD-4567-89EF-0123-456789ABCDE"], ["architecture", []], ["status", ""],
+             ["architecture/isMachO", 0], ["architecture/architectures/0", "x86_32"],
+             ["kind", "Application"], ["updateSource", "unsigned_"], ["lastModified", 5],
+             ["intelComponents/1", 2], ["intelComponents", "a"], ["intelComponents/1", ["a"]],
+             ["sizeOnDisk", 9223372036854775808], ["sizeOnDisk", 1e3], ["sizeOnDisk", true],
+             ["updateResult", []], ["updateResult", null], ["updateResult", {"noFeed": null}],
+             ["updateResult", {}], ["updateResult", {"extra": 1}], ["updateResult", {"noFeed": []}],
+             ["updateResult", {"upToDate": {"reason": "1"}}],
+             ["updateResult", {"failed": {"reason": 1}}],
+             ["updateResult", {"upToDate": {"latest": "1"}, "noFeed": {}}]]})");
+    for (const auto& [record, changes] : damages.items()) {
+        for (const Json& change : changes) {
+            Json damaged = Json::parse(good);
+            damaged[Json::json_pointer(record + "/" + change[0].get<std::string>())] = change[1];
+            EXPECT_FALSE(isReadable(damaged.dump())) << record << change;
+        }
+    }
+}
+
+TEST(JsonForms, AnUpdateResultIsReadByItsOneKnownKey) {
+    for (const std::string text : {R"("notChecked":{})", R"("checking":{})", R"("noFeed":{})",
+                                   R"("upToDate":{"latest":"1"})", R"("failed":{"reason":"x"})",
+                                   R"("updateAvailable":{"latest":"2"})"}) {
+        const std::string whole = replaced(good, R"("notChecked":{})", text);
+        EXPECT_EQ(snapshotText(readSnapshot(whole).value()), whole);
+        EXPECT_FALSE(isReadable(replaced(whole, text, text + "," + text))) << text;
+        const std::string extended = text.substr(0, text.size() - 1) + R"(},"x":{"latest":7})";
+        EXPECT_EQ(readSnapshot(replaced(whole, text, extended)), readSnapshot(whole));
+    }
+    EXPECT_TRUE(isReadable(replaced(good, R"("notChecked":{)", R"("notChecked":{"latest":[1])")));
+}
+
+TEST(JsonForms, WhatIsNoSoundTextOfOneSnapshotIsRefused) {
+    const auto with = [](const std::string& text) {
+        return replaced(good, "{", "{" + text);
+    };
+    const std::string deep(200'000, '['), end(deep.size(), ']');
+    EXPECT_TRUE(isReadable(with(R"("x":)" + deep + end + ",")));
+    std::string texts = R"("intelComponents":[)";
+    for (std::size_t i = 0; i < maxListedTexts; ++i)
+        texts += R"("",)";
+    for (const std::string& text :
+         {with(R"("x":)" + deep), with(R"("schemaVersion":1,)"), with("\"\xFF\":1,"),
+          with("\"x\":[\"\xC3\"],"), with(R"("x":"\ud800",)"), with("\"x\":\"\n\","),
+          replaced(good, R"("vendor":)", R"("vendor":"A","vendor":)"),
+          replaced(good, "Acme", "\xC0\xAF"), good + "{}", good + std::string("\0x", 2),
+          good.substr(1), "[" + good + "]", good.substr(0, good.size() - 1), std::string("null"),
+          std::string(), replaced(good, "\"intelComponents\":[", texts)})
+        EXPECT_FALSE(isReadable(text)) << text.substr(0, 2000);
 }
 
 } // namespace
