@@ -1,7 +1,8 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/Descriptor.h"
-#include "platform/Uuid.h"
+#include "platform/SystemCalls.h"
+#include "platform/TemporaryFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,22 +23,8 @@ constexpr mode_t newFileMode = 0666;
 constexpr mode_t privateMode = 0600;    // until the new file has the old one's group
 constexpr mode_t permissionBits = 0777; // set-user-ID does not pass on to new content
 
-Failure systemFailure(int error = errno) {
-    return std::generic_category().message(error);
-}
-
-/// Calls until no signal comes in between.
-template <typename Call>
-auto uninterrupted(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
-}
-
-Descriptor openForWriting(const std::string& path, int flags, mode_t mode = 0) {
-    return Descriptor(uninterrupted(
-        [&] { return ::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | flags, mode); }));
+Failure systemFailure() {
+    return std::generic_category().message(errno);
 }
 
 Failure writeAll(const Descriptor& file, std::string_view content) {
@@ -48,14 +35,6 @@ Failure writeAll(const Descriptor& file, std::string_view content) {
             return systemFailure();
         content.remove_prefix(static_cast<std::size_t>(written));
     }
-    return std::nullopt;
-}
-
-/// Network file systems report a full disk only here.
-Failure closeChecked(Descriptor& file) {
-    // Not repeated after a signal: the descriptor is gone all the same.
-    if (::close(file.release()) != 0 && errno != EINTR)
-        return systemFailure();
     return std::nullopt;
 }
 
@@ -81,34 +60,6 @@ std::optional<std::string> behindLinks(std::string path) {
     return std::nullopt;
 }
 
-/// A file that is gone again unless it has taken its place.
-class TemporaryFile {
-public:
-    TemporaryFile(const std::string& directory, mode_t mode)
-        : m_path(directory + "/.veridane-" + Uuid::random().text()),
-          m_file(openForWriting(m_path, O_CREAT | O_EXCL | O_NOFOLLOW, mode)), m_exists(m_file) {}
-    ~TemporaryFile() {
-        if (m_exists)
-            ::unlink(m_path.c_str());
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    [[nodiscard]] Descriptor& file() { return m_file; }
-
-    Failure moveTo(const std::string& path) {
-        if (::rename(m_path.c_str(), path.c_str()) != 0)
-            return systemFailure();
-        m_exists = false;
-        return std::nullopt;
-    }
-
-private:
-    std::string m_path;
-    Descriptor m_file;
-    bool m_exists;
-};
-
 /// Without this a power cut may bring the old file back. No failure, because either is whole.
 void flushDirectory(const std::string& path) {
     const Descriptor directory(
@@ -118,12 +69,12 @@ void flushDirectory(const std::string& path) {
 }
 
 Failure writeInPlace(const std::string& path, std::string_view content) {
-    Descriptor file = openForWriting(path, 0);
+    Descriptor file = openForWriting(path);
     if (!file)
         return systemFailure();
     if (auto failure = writeAll(file, content))
         return failure;
-    return closeChecked(file);
+    return closeChecked(std::move(file)) ? std::nullopt : systemFailure();
 }
 
 /// Only the superuser may give a file away; its owner may still pass on a group of his.
@@ -145,10 +96,11 @@ void takeOwnerAndMode(int file, const struct stat& old) {
     static_cast<void>(::fchmod(file, mode));
 }
 
-Failure replaceFile(const std::string& path, const std::optional<struct stat>& old,
+/// `mode` is that of a file without an old one to hand on its own.
+Failure replaceFile(const std::string& path, const std::optional<struct stat>& old, mode_t mode,
                     std::string_view content) {
     const std::string directory = directoryOf(path);
-    TemporaryFile temporary(directory, old ? privateMode : newFileMode);
+    TemporaryFile temporary(directory, old ? privateMode : mode);
     if (!temporary.file())
         return systemFailure();
     if (old)
@@ -158,10 +110,8 @@ Failure replaceFile(const std::string& path, const std::optional<struct stat>& o
         return failure;
     if (uninterrupted([&] { return ::fsync(temporary.file().get()); }) != 0)
         return systemFailure();
-    if (auto failure = closeChecked(temporary.file()))
-        return failure;
-    if (auto failure = temporary.moveTo(path))
-        return failure;
+    if (!temporary.moveTo(path))
+        return systemFailure();
     flushDirectory(directory);
     return std::nullopt;
 }
@@ -180,7 +130,15 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     const auto target = behindLinks(path);
     if (!target)
         return systemFailure();
-    return replaceFile(*target, exists ? std::optional(status) : std::nullopt, content);
+    return replaceFile(*target, exists ? std::optional(status) : std::nullopt, newFileMode,
+                       content);
+}
+
+std::optional<std::string> replaceFileAtomically(const std::string& path,
+                                                 std::string_view content) {
+    struct stat status {};
+    const bool hasOld = ::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return replaceFile(path, hasOld ? std::optional(status) : std::nullopt, privateMode, content);
 }
 
 } // namespace veridane

@@ -15,4 +15,11 @@ namespace veridane {
 [[nodiscard]] std::optional<std::string> writeFileAtomically(const std::string& path,
                                                              std::string_view content);
 
+/// The same for a file that belongs to the program alone: what stands at the path itself is
+/// replaced whatever it is, a link, a pipe and a device among them, so that no opening waits and
+/// nothing is written elsewhere. Only a directory stays, and is a failure. A new file is the user's
+/// alone.
+[[nodiscard]] std::optional<std::string> replaceFileAtomically(const std::string& path,
+                                                               std::string_view content);
+
 } // namespace veridane
