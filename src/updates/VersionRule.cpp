@@ -42,4 +42,15 @@ bool isNewer(std::string_view a, std::string_view b) {
     }
 }
 
+bool isNewer(std::string_view a, std::span<const std::int64_t> b) {
+    for (std::size_t i = 0;; ++i) {
+        const auto ofA = takeComponent(a);
+        if (!ofA)
+            return false; // no component is below 0
+        const std::int64_t ofB = i < b.size() ? b[i] : 0;
+        if (*ofA != ofB)
+            return *ofA > ofB;
+    }
+}
+
 } // namespace veridane::UpdateChecker

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -15,5 +16,8 @@ namespace veridane::UpdateChecker {
 /// Whether `a` is strictly newer. A component that is missing counts as 0; "2.0-beta" and "2.0" are
 /// equal, because the word adds no number.
 [[nodiscard]] bool isNewer(std::string_view a, std::string_view b);
+
+/// The same with the components of `b` at hand. Takes no longer than `a` is, however long `b` was.
+[[nodiscard]] bool isNewer(std::string_view a, std::span<const std::int64_t> b);
 
 } // namespace veridane::UpdateChecker

@@ -52,6 +52,7 @@ TEST(Version, IsNewerByTheFirstComponentThatDiffers) {
     };
     for (const auto& [a, b, expected] : cases) {
         EXPECT_EQ(isNewer(a, b), expected) << a << " and " << b;
+        EXPECT_EQ(isNewer(a, versionComponents(b)), expected) << a << " and " << b;
         EXPECT_FALSE(isNewer(a, a)) << a;
     }
 }
