@@ -40,8 +40,6 @@ std::optional<ResourceValues> valuesAt(const std::optional<Location>& location) 
 
 } // namespace
 
-FileSystem::FileSystem(std::string root) : m_root(std::move(root)) {}
-
 bool FileSystem::exists(const Path& path) const {
     const auto location = locate(m_opener, m_root, path, LastLink::follow);
     return location && FileStatus::of(location->folder.get(), location->name.c_str());
@@ -107,7 +105,7 @@ bool FileSystem::walk(const Path& path, WalkVisitor& visitor) const {
     Descriptor folder = m_opener.folder(location->folder.get(), location->name.c_str());
     if (!folder)
         return false;
-    TreeWalk(m_opener, visitor).run(std::move(folder));
+    TreeWalk(m_opener, visitor, m_stop).run(std::move(folder));
     return true;
 }
 

@@ -7,7 +7,9 @@
 
 #include <cstdint>
 #include <optional>
+#include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veridane {
@@ -37,7 +39,13 @@ struct ResourceValues {
 class FileSystem {
 public:
     /// `root` is a directory of this machine; "/" examines the machine itself.
-    explicit FileSystem(std::string root);
+    explicit FileSystem(std::string root) : m_root(std::move(root)) {}
+
+    /// The same files, but walks end early once a stop is requested: one bundle can hold more than
+    /// anybody wants to wait for.
+    [[nodiscard]] FileSystem stoppingAt(const std::stop_token& stop) const {
+        return FileSystem(m_root, stop);
+    }
 
     /// Whether something stands at the path, links followed.
     [[nodiscard]] bool exists(const Path& path) const;
@@ -73,7 +81,11 @@ public:
     bool walk(const Path& path, WalkVisitor& visitor) const;
 
 private:
+    FileSystem(std::string root, std::stop_token stop)
+        : m_root(std::move(root)), m_stop(std::move(stop)) {}
+
     std::string m_root;
+    std::stop_token m_stop;
     QuietOpener m_opener;
 };
 

@@ -19,13 +19,13 @@ constexpr std::size_t maxLevels = 100'000;
 
 } // namespace
 
-TreeWalk::TreeWalk(const QuietOpener& opener, WalkVisitor& visitor)
-    : m_opener(opener), m_visitor(visitor),
+TreeWalk::TreeWalk(const QuietOpener& opener, WalkVisitor& visitor, const std::stop_token& stop)
+    : m_opener(opener), m_visitor(visitor), m_stop(stop),
       m_heads(opener, visitor, [this] { closeFarAncestors(0); }) {}
 
 void TreeWalk::run(Descriptor root) {
     enter(std::move(root));
-    while (!m_folders.empty()) {
+    while (!m_folders.empty() && !m_stop.stop_requested()) {
         if (m_folders.back().nextEntry < m_folders.back().endEntry)
             visitNext();
         else
@@ -62,7 +62,7 @@ void TreeWalk::measure(const Folder& folder) {
     const int descriptor = folder.descriptor.get();
     std::size_t tagged = 0;
     m_heads.enterFolder(descriptor);
-    for (std::size_t i = folder.firstEntry; i < folder.endEntry; ++i) {
+    for (std::size_t i = folder.firstEntry; i < folder.endEntry && !m_stop.stop_requested(); ++i) {
         Entry& entry = m_entries[i];
         if (entry.type != EntryType::regularFile)
             continue;

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +20,7 @@ namespace veridane {
 /// would cost more than reading the files.
 class TreeWalk {
 public:
-    TreeWalk(const QuietOpener& opener, WalkVisitor& visitor);
+    TreeWalk(const QuietOpener& opener, WalkVisitor& visitor, const std::stop_token& stop);
     TreeWalk(const TreeWalk&) = delete;
     TreeWalk& operator=(const TreeWalk&) = delete;
 
@@ -57,6 +58,7 @@ private:
 
     const QuietOpener& m_opener;
     WalkVisitor& m_visitor;
+    const std::stop_token& m_stop;
     HeadReader m_heads;
     std::vector<Folder> m_folders; // the way down
     std::vector<Entry> m_entries;

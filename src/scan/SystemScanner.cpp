@@ -49,8 +49,8 @@ class Scan {
 public:
     Scan(const FileSystem& files, const SearchLocations& locations, const ScanOptions& options,
          const OnProgress& onProgress, const std::stop_token& stop)
-        : m_files(files), m_locations(locations), m_options(options), m_onProgress(onProgress),
-          m_stop(stop) {}
+        : m_files(files.stoppingAt(stop)), m_locations(locations), m_options(options),
+          m_onProgress(onProgress), m_stop(stop) {}
 
     std::vector<ScanItem> run() {
         collect();
@@ -99,8 +99,12 @@ private:
         for (const BundleTarget& target : m_bundles) {
             if (m_stop.stop_requested())
                 return false;
-            if (isMetFirst(target.path))
-                m_found.push_back(BundleInspector::inspect(m_files, target.path, target.kind));
+            if (isMetFirst(target.path)) {
+                ScanItem item = BundleInspector::inspect(m_files, target.path, target.kind);
+                if (m_stop.stop_requested())
+                    return false; // the item may be judged by a part of its files
+                m_found.push_back(std::move(item));
+            }
             ++done;
             if (done % bundlesPerReport == 0 || done == m_total)
                 report(localized("Analysiere Programme …"), done);
@@ -153,7 +157,7 @@ private:
             m_onProgress({std::move(phase), completed, m_total});
     }
 
-    const FileSystem& m_files;
+    const FileSystem m_files;
     const SearchLocations& m_locations;
     const ScanOptions& m_options;
     const OnProgress& m_onProgress;
