@@ -22,6 +22,8 @@ public:
     /// "bid:" and an identifier, or "nk:" and "<lower-case name>|<kind>".
     [[nodiscard]] const std::set<std::string, std::less<>>& keys() const { return m_keys; }
 
+    bool operator==(const NativeCounterparts&) const = default;
+
 private:
     std::set<std::string, std::less<>> m_keys;
 };
