@@ -2,7 +2,9 @@
 
 #include "platform/Url.h"
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -18,7 +20,8 @@ struct HttpStatus {
 
 /// No answer, or none to its end.
 struct TransportError {
-    std::string description; // for people
+    std::string description;            // for people, in the transport library's English
+    std::optional<std::uint64_t> limit; // bytes; only if the body would be larger than these
 
     bool operator==(const TransportError&) const = default;
 };
@@ -35,9 +38,11 @@ public:
     virtual ~HttpClient() = default;
 
     /// Starts a GET and returns at once; redirects are followed, and `onBody` gets the body of the
-    /// last answer alone. Both functions are called on a thread of the client, one call at a time;
-    /// `onEnd` is the last call and comes once, unless the client is destroyed before: then neither
-    /// is called any more. Safe on any thread.
+    /// last answer alone. It may have got a part of it before a `TransportError`. Both functions
+    /// are called on a thread of the client, one call at a time; `onEnd` is the last call and comes
+    /// once, unless the client is destroyed before: then neither is called any more. They should
+    /// be quick, because all transfers wait for them, and may call `get`, but not destroy the
+    /// client. Safe on any thread.
     virtual void get(const Url& url, BodyHandler onBody, Completion onEnd) = 0;
 };
 

@@ -1,0 +1,163 @@
+#include "platform/CurlTransfer.h"
+
+#include "platform/Text.h"
+#include "platform/Version.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace veridane {
+namespace {
+
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+
+bool isRedirect(long status) {
+    return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+
+long statusOf(CURL* handle) {
+    long status = 0;
+    curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+    return status;
+}
+
+} // namespace
+
+/// What curl calls while it works on a handle. Taking less than is offered ends the transfer.
+struct CurlTransfer::Callbacks {
+    static int beforeRequest(void* user, char*, char*, int, int) {
+        static_cast<CurlTransfer*>(user)->m_lastActivity = Clock::now();
+        return CURL_PREREQFUNC_OK;
+    }
+
+    static std::size_t header(char*, std::size_t, std::size_t size, void* user) {
+        auto& self = *static_cast<CurlTransfer*>(user);
+        self.m_lastActivity = Clock::now();
+        self.m_headerBytes += size;
+        if (self.m_headerBytes <= self.m_settings->largestHeaders)
+            return size;
+        self.m_failure = TransportError{"Headers of the answer are too large", std::nullopt};
+        return 0;
+    }
+
+    static std::size_t body(char* data, std::size_t, std::size_t size, void* user) {
+        auto& self = *static_cast<CurlTransfer*>(user);
+        if (*self.m_isEnding)
+            return 0;
+        self.m_lastActivity = Clock::now();
+        self.m_bodyBytes += size;
+        if (self.m_bodyBytes > self.m_settings->largestBody) {
+            self.m_failure = self.tooLarge();
+            return 0;
+        }
+        if (!self.m_isBodyWanted)
+            self.m_isBodyWanted = !self.redirectLocation();
+        if (*self.m_isBodyWanted)
+            self.m_onBody(std::string_view(data, size));
+        return size;
+    }
+};
+
+void CurlTransfer::HandleCleanup::operator()(void* handle) const {
+    curl_easy_cleanup(handle);
+}
+
+CurlTransfer::CurlTransfer(HttpTarget target, HttpClient::BodyHandler onBody,
+                           HttpClient::Completion onEnd)
+    : m_target(std::move(target)), m_onBody(std::move(onBody)), m_onEnd(std::move(onEnd)) {
+    static_assert(errorSize >= CURL_ERROR_SIZE);
+}
+
+void* CurlTransfer::begin(const HttpSettings& settings, const std::atomic<bool>& isEnding) {
+    m_settings = &settings;
+    m_isEnding = &isEnding;
+    m_began = Clock::now();
+    m_headerBytes = m_bodyBytes = 0;
+    m_isBodyWanted.reset();
+    m_error[0] = '\0';
+    m_handle.reset(curl_easy_init());
+    CURL* const handle = m_handle.get();
+    if (!handle)
+        return nullptr;
+
+    curl_easy_setopt(handle, CURLOPT_URL, m_target.url().c_str());
+    curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(handle, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_2TLS});
+    curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "gzip");
+    curl_easy_setopt(handle, CURLOPT_USERAGENT,
+                     (std::string("Veridane/") + productVersion).c_str());
+    if (settings.caFile)
+        curl_easy_setopt(handle, CURLOPT_CAINFO, settings.caFile->c_str());
+    curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+    // Without this, ending a transfer waits until the system's resolver has given up.
+    curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
+    curl_easy_setopt(handle, CURLOPT_ERRORBUFFER, m_error.data());
+
+    // curl divides this among the addresses of a host.
+    curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, long{settings.silence.count()});
+    const milliseconds left = std::max(settings.duration - m_timeUsed, milliseconds(1)); // 0: none
+    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, long{left.count()});
+    // Somebody's feed may lead to a disk image: its stated length is enough to leave it alone.
+    curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE,
+                     static_cast<curl_off_t>(settings.largestBody));
+
+    curl_easy_setopt(handle, CURLOPT_PREREQFUNCTION, &Callbacks::beforeRequest);
+    curl_easy_setopt(handle, CURLOPT_PREREQDATA, this);
+    curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &Callbacks::header);
+    curl_easy_setopt(handle, CURLOPT_HEADERDATA, this);
+    curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &Callbacks::body);
+    curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
+    return handle;
+}
+
+std::optional<HttpOutcome> CurlTransfer::conclude(int result) {
+    m_lastActivity.reset();
+    m_timeUsed += duration_cast<milliseconds>(Clock::now() - m_began);
+    if (m_failure)
+        return *m_failure;
+    if (result == CURLE_FILESIZE_EXCEEDED)
+        return tooLarge();
+    if (result != CURLE_OK) {
+        const char* general = curl_easy_strerror(static_cast<CURLcode>(result));
+        return TransportError{text::printable(m_error[0] ? m_error.data() : general), std::nullopt};
+    }
+
+    const auto location = redirectLocation();
+    if (!location)
+        return HttpStatus{static_cast<int>(statusOf(m_handle.get()))};
+    if (m_redirects++ == m_settings->redirects)
+        return TransportError{curl_easy_strerror(CURLE_TOO_MANY_REDIRECTS), std::nullopt};
+    auto next = m_target.redirected(*location);
+    if (const auto* error = std::get_if<TransportError>(&next))
+        return TransportError{"Redirect failed: " + error->description, std::nullopt};
+    m_target = std::get<HttpTarget>(std::move(next));
+    return std::nullopt;
+}
+
+bool CurlTransfer::isMultiplexed() const {
+    long version = CURL_HTTP_VERSION_NONE;
+    curl_easy_getinfo(m_handle.get(), CURLINFO_HTTP_VERSION, &version);
+    return version == CURL_HTTP_VERSION_2_0;
+}
+
+// curl's own following would escape our look at the target, and its CURLINFO_REDIRECT_URL leaves
+// blanks as they are.
+std::optional<std::string> CurlTransfer::redirectLocation() const {
+    curl_header* header = nullptr;
+    if (!isRedirect(statusOf(m_handle.get())) ||
+        curl_easy_header(m_handle.get(), "Location", 0, CURLH_HEADER, -1, &header) != CURLHE_OK)
+        return std::nullopt;
+    std::string_view value = header->value;
+    if (value.ends_with('\r')) // curl forgets it where nothing stands before
+        value.remove_suffix(1);
+    return value.empty() ? std::nullopt : std::optional<std::string>(value);
+}
+
+TransportError CurlTransfer::tooLarge() const {
+    return {curl_easy_strerror(CURLE_FILESIZE_EXCEEDED), m_settings->largestBody};
+}
+
+} // namespace veridane

@@ -1,0 +1,411 @@
+#include "platform/CurlHttpClient.h"
+#include "platform/Version.h"
+#include "support/LoopbackServer.h"
+
+#include <gtest/gtest.h>
+#include <netdb.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstdlib>
+#include <future>
+#include <map>
+
+namespace veridane::test {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace std::string_literals;
+using Request = LoopbackServer::Request;
+using Connection = LoopbackServer::Connection;
+using Texts = std::vector<std::string>;
+
+/// In place of the system's resolver.
+struct Resolver {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isSilent = false;
+    int asking = 0;
+};
+
+Resolver& resolver() {
+    static Resolver shared;
+    return shared;
+}
+
+/// A thousand and one times "x".
+const std::string zippedText("\x1f\x8b\b\0\0\0\0\0\x02\x03\xab\xa8\x18\x05\xa3`\x14\f{\0\0\x07\x10"
+                             "\x8e\xc5\xe9\x03\0\0",
+                             29);
+
+/// What came of a transfer: "200 body", or the error.
+class Result {
+public:
+    Result(HttpClient& client, const std::string& url) {
+        client.get(
+            *Url::parse(url), [this](std::string_view piece) { m_body += piece; },
+            [this](HttpOutcome outcome) { m_outcome.set_value(std::move(outcome)); });
+    }
+    HttpOutcome outcome() { return m_outcome.get_future().get(); }
+    std::string text() {
+        const auto end = outcome();
+        if (const auto* error = std::get_if<TransportError>(&end))
+            return error->description +
+                   (error->limit ? " (" + std::to_string(*error->limit) + ")" : "");
+        return std::to_string(std::get<HttpStatus>(end).code) + " " + m_body;
+    }
+
+private:
+    std::string m_body;
+    std::promise<HttpOutcome> m_outcome;
+};
+
+std::string fetched(const std::string& url, const HttpSettings& settings = {}) {
+    CurlHttpClient client(settings);
+    return Result(client, url).text();
+}
+
+std::string location(const std::string& target) {
+    return "Location: " + target + "\r\n";
+}
+
+std::string headFor(const LoopbackServer& server, const std::string& target) {
+    return "GET " + target + " HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(server.port()) +
+           "\r\nUser-Agent: Veridane/" + productVersion +
+           "\r\nAccept: */*\r\nAccept-Encoding: gzip\r\n\r\n";
+}
+
+/// An environment variable for as long as this lives.
+class Environment {
+public:
+    Environment(const char* name, const char* value) : m_name(name) {
+        if (const char* old = ::getenv(name))
+            m_old = old;
+        set(value);
+    }
+    ~Environment() { set(m_old ? m_old->c_str() : nullptr); }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+
+private:
+    void set(const char* value) { value ? ::setenv(m_name, value, 1) : ::unsetenv(m_name); }
+
+    const char* m_name;
+    std::optional<std::string> m_old;
+};
+
+TEST(HttpClient, ARequestSaysWhatHttpNeedsAndNoSecrets) {
+    LoopbackServer server([&](const Request& request, Connection& connection) {
+        if (request.target == "/a?b=%20")
+            return connection.answer(302, "", location(server.url("/c#d", "me:key@127.0.0.1")));
+        connection.answer(200, "", "Set-Cookie: a=b\r\nAlt-Svc: h2=\":1\"\r\n");
+    });
+    CurlHttpClient client;
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(Result(client, server.url("/a?b=%20#e", "me:key@127.0.0.1")).text(), "200 ");
+    const std::string first = headFor(server, "/a?b=%20"), second = headFor(server, "/c");
+    EXPECT_EQ(server.heads(), (Texts{first, second, first, second}));
+}
+
+TEST(HttpClient, AnAnswerIsItsStatusAndItsBodyWithinTheLimits) {
+    static const std::string big(1001, 'x'); // one byte more than the limit below
+    const struct {
+        const char* path;
+        void (*handler)(Connection&);
+        std::string result;
+    } cases[] = {
+        {"/not-found", [](Connection& c) { c.answer(404, "gone"); }, "404 gone"},
+        {"/no-location", [](Connection& c) { c.answer(302, "where?"); }, "302 where?"},
+        {"/empty-location", [](Connection& c) { c.answer(301, "x", "Location:\r\n"); }, "301 x"},
+        {"/not-a-redirect", [](Connection& c) { c.answer(300, "x", location("/")); }, "300 x"},
+        {"/by-closing",
+         [](Connection& c) {
+             c.send("HTTP/1.1 200 OK\r\n\r\nuntil the end");
+             c.close();
+         },
+         "200 until the end"},
+        {"/zipped", [](Connection& c) { c.answer(200, zippedText, "Content-Encoding: gzip\r\n"); },
+         "200 " + big},
+        {"/unknown-encoding",
+         [](Connection& c) { c.answer(200, "x", "Content-Encoding: secret\r\n"); },
+         "Unrecognized content encoding type. libcurl understands deflate, gzip, br, zstd content "
+         "encodings."},
+        {"/old",
+         [](Connection& c) {
+             c.send("no header at all\r\n\r\n");
+             c.close();
+         },
+         "Received HTTP/0.9 when not allowed"},
+        {"/cut-off",
+         [](Connection& c) {
+             c.send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nabc");
+             c.close();
+         },
+         "transfer closed with 97 bytes remaining to read"},
+        {"/reset",
+         [](Connection& c) {
+             c.send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n");
+             c.reset();
+         },
+         "Recv failure: Connection reset by peer"},
+        {"/long-headers",
+         [](Connection& c) {
+             c.send("HTTP/1.1 200 OK\r\n");
+             c.sendEndlessly("X-Filler: " + std::string(1000, 'x') + "\r\n");
+         },
+         "Headers of the answer are too large"},
+        {"/limit/exact", [](Connection& c) { c.answer(200, big.substr(1)); },
+         "200 " + big.substr(1)},
+        {"/limit/announced",
+         [](Connection& c) { c.send("HTTP/1.1 200 OK\r\nContent-Length: 1001\r\n\r\n"); },
+         "Maximum file size exceeded (1000)"},
+        {"/limit/zipped",
+         [](Connection& c) { c.answer(200, zippedText, "Content-Encoding: gzip\r\n"); },
+         "Maximum file size exceeded (1000)"},
+        {"/limit/endless",
+         [](Connection& c) {
+             c.send("HTTP/1.1 200 OK\r\n\r\n");
+             c.sendEndlessly(big);
+         },
+         "Maximum file size exceeded (1000)"},
+    };
+    LoopbackServer server([&](const Request& request, Connection& connection) {
+        for (const auto& c : cases)
+            if (request.target == c.path)
+                c.handler(connection);
+    });
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.path);
+        HttpSettings settings;
+        if (std::string(c.path).starts_with("/limit"))
+            settings.largestBody = 1000;
+        EXPECT_EQ(fetched(server.url(c.path), settings), c.result);
+    }
+}
+
+TEST(HttpClient, OnlyAnAddressOnTheWebIsAsked) {
+    const struct {
+        const char* url;
+        const char* result;
+    } cases[] = {
+        {"127.0.0.1/feed", "Bad scheme"},
+        {"//127.0.0.1/", "Bad scheme"},
+        {"ftp://127.0.0.1/", "Unsupported URL scheme"},
+        {"file:///etc/passwd", "Unsupported URL scheme"},
+        {"feed://127.0.0.1/", "Unsupported URL scheme"},
+        {"http://", "No host part in the URL"},
+        {"https://?q", "No host part in the URL"},
+        {"http://127.0.0.1:99999/", "Port number was not a decimal number between 0 and 65535"},
+        {"http://a%0d%0ab/", "Bad hostname"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.url);
+        EXPECT_EQ(fetched(c.url), c.result);
+    }
+}
+
+TEST(HttpClient, ARedirectLeadsToWhateverItsLocationMeans) {
+    LoopbackServer secure([](const Request&, Connection& c) { c.answer(200); },
+                          LoopbackServer::Security::tls);
+    const struct {
+        std::string location;
+        std::string result; // the target of the second request, or the error
+    } cases[] = {
+        {"next", "200 /folder/next"},
+        {"../up/./x?q", "200 /up/x?q"},
+        {"?q", "200 /folder/start?q"},
+        {"/with a blank/\xc3\xbc?a b", "200 /with%20a%20blank/%c3%bc?a+b"},
+        {"/tab\there", "Redirect failed: Malformed input to a URL function"},
+        {"http://", "Redirect failed: No host part in the URL"},
+        {"ftp://127.0.0.1/", "Redirect failed: Unsupported URL scheme"},
+        {"file:///etc/passwd", "Redirect failed: Unsupported URL scheme"},
+        {secure.url("/"), "SSL certificate problem: self-signed certificate"},
+    };
+    std::string target;
+    LoopbackServer server([&](const Request& request, Connection& connection) {
+        if (request.target == "/folder/start")
+            return connection.answer(302, "dropped", location(target));
+        if (request.target.starts_with("/30"))
+            return connection.answer(std::stoi(request.target.substr(1)), "dropped", location("/"));
+        connection.answer(200, request.target);
+    });
+    for (const auto& c : cases) {
+        SCOPED_TRACE(target = c.location);
+        EXPECT_EQ(fetched(server.url("/folder/start")), c.result);
+    }
+    for (const char* status : {"/301", "/303", "/307", "/308"})
+        EXPECT_EQ(fetched(server.url(status)), "200 /") << status;
+}
+
+TEST(HttpClient, TwentyRedirectsAreFollowedAndNoMore) {
+    LoopbackServer server([](const Request& request, Connection& connection) {
+        const int left = std::stoi(request.target.substr(1));
+        if (left == 0)
+            return connection.answer(200, "arrived");
+        connection.answer(302, "", location("/" + std::to_string(left - 1)));
+    });
+    EXPECT_EQ(fetched(server.url("/20")), "200 arrived");
+    EXPECT_EQ(fetched(server.url("/21")), "Number of redirects hit maximum amount");
+    EXPECT_EQ(server.heads().size(), 42U);
+}
+
+TEST(HttpClient, SilenceEndsATransferButNotOneThatWaitsForItsTurn) {
+    LoopbackServer server([](const Request& request, Connection& connection) {
+        if (request.target == "/quick")
+            return connection.answer(200, "quick");
+        if (request.target == "/redirect")
+            connection.send("HTTP/1.1 302 Found\r\nLocation: /quick\r\nContent-Length: 9\r\n\r\n");
+        if (request.target == "/body")
+            connection.send("HTTP/1.1 200 OK\r\n\r\nfirst");
+        if (request.target == "/header")
+            connection.send("HTTP/1.1 200 OK\r\nX: ");
+        connection.stall();
+    });
+    HttpSettings settings{.silence = 250ms};
+    {
+        CurlHttpClient client(settings);
+        Result nothing(client, server.url("/")), header(client, server.url("/header")),
+            body(client, server.url("/body")), redirect(client, server.url("/redirect")),
+            noTls(client, "https" + server.url().substr(4));
+        for (Result* silent : {&nothing, &header, &body, &redirect})
+            EXPECT_EQ(silent->text(), "Timeout was reached");
+        EXPECT_TRUE(noTls.text().find("timeout") != std::string::npos);
+    }
+    settings.transfers = 1;
+    CurlHttpClient client(settings);
+    Result silent(client, server.url("/")), waiting(client, server.url("/quick", "127.0.0.2"));
+    EXPECT_EQ(waiting.text(), "200 quick");
+    EXPECT_EQ(silent.text(), "Timeout was reached");
+}
+
+TEST(HttpClient, ADripThatIsNeverSilentEndsAsWell) {
+    LoopbackServer server([](const Request&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n\r\n");
+        connection.sendEndlessly("x");
+    });
+    const auto text = fetched(server.url(), {.duration = 100ms, .largestBody = UINT64_MAX / 2});
+    EXPECT_TRUE(text.starts_with("Operation timed out after")) << text;
+}
+
+TEST(HttpClient, AServerHasToProveItsName) {
+    LoopbackServer server([](const Request&, Connection& c) { c.answer(200, "secure"); },
+                          LoopbackServer::Security::tls);
+    const HttpSettings trusting{.caFile = server.caFile()};
+    EXPECT_EQ(fetched(server.url(), trusting), "200 secure");
+    EXPECT_EQ(fetched(server.url("/", "localhost"), trusting), "200 secure");
+    EXPECT_EQ(fetched(server.url("/", "127.0.0.2"), trusting),
+              "SSL: no alternative certificate subject name matches target host name '127.0.0.2'");
+    EXPECT_EQ(fetched(server.url()), "SSL certificate problem: self-signed certificate");
+}
+
+TEST(HttpClient, NothingIsCalledOnceTheClientIsGone) {
+    LoopbackServer server([](const Request&, Connection& connection) { connection.stall(); });
+    std::atomic<int> calls = 0;
+    {
+        CurlHttpClient client;
+        for (int i = 0; i < 200; ++i)
+            client.get(
+                *Url::parse(server.url("/", "127.0.0." + std::to_string(i % 40 + 1))),
+                [&](std::string_view) { ++calls; }, [&](const HttpOutcome&) { ++calls; });
+        server.waitForRequests(64);
+    }
+    EXPECT_EQ(calls, 0);
+}
+
+TEST(HttpClient, ManyTransfersRunAtOnceButNotTooMany) {
+    std::mutex mutex;
+    std::map<std::string, int> running, most; // by host, and in all
+    LoopbackServer server([&](const Request& request, Connection& connection) {
+        const std::string host = request.head.substr(0, request.head.find("User-Agent"));
+        {
+            const std::lock_guard lock(mutex);
+            for (const auto& name : {host, "all"s})
+                most[name] = std::max(most[name], ++running[name]);
+        }
+        connection.waitForRequests(64);
+        {
+            const std::lock_guard lock(mutex);
+            --running[host];
+            --running["all"];
+        }
+        connection.answer(200);
+    });
+    CurlHttpClient client;
+    std::vector<std::unique_ptr<Result>> results;
+    for (int i = 0; i < 240; ++i) // the first host alone has as many as all the others
+        results.push_back(std::make_unique<Result>(
+            client, server.url("/", "127.0.0." + std::to_string(i < 120 ? 1 : i % 40 + 2))));
+    for (const auto& result : results)
+        EXPECT_EQ(result->text(), "200 ");
+    // Were they fewer than 64, we would not have come here.
+    for (const auto& [host, count] : most)
+        EXPECT_LE(count, host == "all" ? 64 : 6) << host;
+}
+
+TEST(HttpClient, FourHundredTransfersGetByWithFewOpenFiles) {
+    rlimit old{};
+    ::getrlimit(RLIMIT_NOFILE, &old);
+    const rlimit few{256, old.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    {
+        LoopbackServer server([](const Request&, Connection& c) { c.answer(200); });
+        CurlHttpClient client;
+        int ended = 0, good = 0;
+        std::promise<void> allEnded;
+        std::function<void(int)> start = [&](int i) {
+            client.get(
+                *Url::parse(server.url("/", "127.0.0." + std::to_string(i % 40 + 1))),
+                [](std::string_view) {},
+                [&, i](const HttpOutcome& outcome) {
+                    good += outcome == HttpOutcome(HttpStatus{200});
+                    if (i < 200) // half of them are asked for on the client's own thread
+                        start(i + 200);
+                    if (++ended == 400)
+                        allEnded.set_value();
+                });
+        };
+        for (int i = 0; i < 200; ++i)
+            start(i);
+        allEnded.get_future().wait();
+        EXPECT_EQ(good, 400);
+    }
+    ::setrlimit(RLIMIT_NOFILE, &old);
+}
+
+TEST(HttpClient, TheProxyOfTheEnvironmentIsAsked) {
+    LoopbackServer proxy([](const Request&, Connection& c) { c.answer(200, "by proxy"); });
+    const Environment address("http_proxy", proxy.url().c_str()), none("no_proxy", nullptr);
+    EXPECT_EQ(fetched("http://veridane.invalid/feed"), "200 by proxy");
+    EXPECT_TRUE(proxy.heads().front().starts_with("GET http://veridane.invalid/feed HTTP/1.1\r\n"));
+}
+
+TEST(HttpClient, NamesThatNobodyResolvesHoldNothingUp) {
+    resolver().isSilent = true;
+    {
+        CurlHttpClient patient;
+        for (int i = 0; i < 100; ++i)
+            Result(patient, "http://veridane.invalid/");
+        EXPECT_TRUE(fetched("http://veridane.invalid/", {.silence = 50ms})
+                        .starts_with("Resolving timed out after"));
+    }
+    std::unique_lock lock(resolver().mutex);
+    resolver().isSilent = false;
+    resolver().changed.notify_all();
+    resolver().changed.wait(lock, [] { return resolver().asking == 0; });
+}
+
+} // namespace
+} // namespace veridane::test
+
+// Takes the place of the system's for the libraries as well: names are never looked up in here, and
+// while the resolver is silent, this does not return.
+int getaddrinfo(const char*, const char*, const addrinfo*, addrinfo**) {
+    auto& resolver = veridane::test::resolver();
+    std::unique_lock lock(resolver.mutex);
+    ++resolver.asking;
+    resolver.changed.wait(lock, [&] { return !resolver.isSilent; });
+    --resolver.asking;
+    resolver.changed.notify_all();
+    return EAI_NONAME;
+}
