@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cassert>
+#include <cstdlib>
 #include <exception>
 #include <limits>
 #include <mutex>
@@ -52,6 +53,13 @@ HttpSettings withAffordableTransfers(HttpSettings settings) {
 }
 
 } // namespace
+
+HttpSettings HttpSettings::ofEnvironment() {
+    HttpSettings settings;
+    if (const char* file = std::getenv("SSL_CERT_FILE"); file && *file != '\0')
+        settings.caFile = file;
+    return settings;
+}
 
 /// The thread and what it works on.
 class CurlHttpClient::Network {

@@ -22,6 +22,10 @@ struct HttpSettings {
     int transfers = 64;       // at once; the others wait, and no clock runs for them
     int redirects = 20;
     std::optional<std::string> caFile; // PEM; the system's own certificates without
+
+    /// The defaults, with SSL_CERT_FILE as `caFile`: where networks look into TLS, programs are
+    /// told of their certificate this way. Proxies need no setting, curl knows their variables.
+    [[nodiscard]] static HttpSettings ofEnvironment();
 };
 
 /// Fetches through libcurl, all transfers on one thread. Only http and https, proxies as the

@@ -10,7 +10,9 @@
 /// thread.
 namespace veridane {
 
-constexpr std::string_view appStoreService = "https://itunes.apple.com";
+/// Scheme, host and port of the lookup service: what the environment variable VERIDANE_STORE_LOOKUP
+/// holds, for tests and mirrors, else Apple's own.
+[[nodiscard]] std::string storeLookupService();
 
 /// Where the German store tells what it has under a bundle identifier. `service` is a scheme and a
 /// host, with a port where it needs one. Nothing if the identifier cannot stand in a URL as it is.

@@ -1,8 +1,9 @@
-#include "updates/StoreAnswer.h"
+#include "updates/StoreLookup.h"
 
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
+#include <cstdlib>
 #include <utility>
 
 namespace veridane {
@@ -89,6 +90,11 @@ private:
 };
 
 } // namespace
+
+std::string storeLookupService() {
+    const char* mirror = std::getenv("VERIDANE_STORE_LOOKUP");
+    return mirror && *mirror != '\0' ? mirror : "https://itunes.apple.com";
+}
 
 std::optional<Url> storeLookupUrl(std::string_view service, std::string_view bundleIdentifier) {
     std::string text(service);

@@ -1,4 +1,4 @@
-#include "updates/StoreAnswer.h"
+#include "updates/StoreLookup.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,147 @@
+#include "updates/UpdateChecker.h"
+
+#include "support/ItemSamples.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace veridane::test {
+namespace {
+
+/// Answers every request at once with the same outcome.
+struct FixedAnswer : HttpClient {
+    void get(const Url& url, BodyHandler onBody, Completion onEnd) override {
+        requests.push_back(url.text());
+        for (const char byte : body)
+            onBody({&byte, 1});
+        onEnd(outcome);
+    }
+
+    HttpOutcome outcome = HttpStatus{200};
+    std::string body;
+    std::vector<std::string> requests;
+};
+
+class Checker : public ::testing::Test {
+protected:
+    Checker() {
+        item.updateSource = UpdateSource::sparkle;
+        item.sparkleFeedURL = "https://example.com/feed.xml?a=1";
+        item.bundleIdentifier = "com.example.app";
+    }
+    UpdateCheckResult check() {
+        std::vector<UpdateCheckResult> results;
+        client.requests.clear();
+        UpdateChecker::check(item, {client, "https://store.example:8443"},
+                             [&](auto result) { results.push_back(std::move(result)); });
+        EXPECT_EQ(results.size(), 1u);
+        return results.at(0);
+    }
+    UpdateCheckResult checkFeed(const std::string& entry) {
+        client.body = "<rss><item>" + entry + "</item></rss>";
+        return check();
+    }
+
+    ScanItem item = sampleItem("App", CompatibilityStatus::needsRosetta);
+    FixedAnswer client;
+};
+
+TEST_F(Checker, OfAFeedBuildNumbersDecideBeforeShortVersions) {
+    const std::string both = "<enclosure sparkle:version='200' sparkle:shortVersionString='2.0'/>",
+                      build = "<sparkle:version>200</sparkle:version>",
+                      marketing = "<sparkle:shortVersionString>2.0</sparkle:shortVersionString>";
+    using Result = UpdateCheckResult;
+    const struct {
+        std::string entry;
+        std::optional<std::string> version, buildNumber;
+        Result expected;
+    } cases[] = {
+        {both, "3.0", "150", Result::updateAvailable("2.0")},
+        {both, "1.0", "200", Result::upToDate("2.0")},
+        {both, "1.0", std::nullopt, Result::updateAvailable("2.0")},
+        {both, std::nullopt, std::nullopt, Result::upToDate("2.0")},
+        {build, "1.0", std::nullopt, Result::upToDate("200")},
+        {build, std::nullopt, "199", Result::updateAvailable("200")},
+        {marketing, "1.9", "9999", Result::updateAvailable("2.0")},
+        {marketing, std::nullopt, "1", Result::upToDate("2.0")},
+        {"", "1.0", "1", Result::upToDate("?")},
+        {"<enclosure sparkle:shortVersionString=''/>", "1.0", "1", Result::upToDate("")},
+    };
+    for (const auto& [entry, version, buildNumber, expected] : cases) {
+        item.version = version;
+        item.buildNumber = buildNumber;
+        EXPECT_EQ(checkFeed(entry), expected) << entry << version.value_or("-");
+    }
+    EXPECT_EQ(client.requests, std::vector<std::string>{"https://example.com/feed.xml?a=1"});
+}
+
+TEST_F(Checker, WhatCannotBeReachedOrReadIsTold) {
+    using Result = UpdateCheckResult;
+    for (const int status : {199, 302, 404, 503}) {
+        client.outcome = HttpStatus{status};
+        EXPECT_EQ(checkFeed(""), Result::failed("HTTP " + std::to_string(status)));
+    }
+    client.outcome = HttpStatus{299};
+    client.body = "<html>";
+    EXPECT_EQ(check(), Result::failed("Appcast nicht lesbar"));
+    for (const auto source : {UpdateSource::sparkle, UpdateSource::macAppStore}) {
+        item.updateSource = source;
+        client.outcome = TransportError{.description = "Could not resolve host"};
+        EXPECT_EQ(check(), Result::failed("Could not resolve host"));
+        client.outcome = TransportError{.description = "too large", .limit = 5};
+        EXPECT_EQ(check(), Result::failed("Antwort zu groß"));
+    }
+}
+
+TEST_F(Checker, OfTheStoreOnlyTheAnswerCounts) {
+    using Result = UpdateCheckResult;
+    item.updateSource = UpdateSource::macAppStore;
+    client.outcome = HttpStatus{503};
+    client.body = R"({"results":[{"version":"2.0.0"},{"version":"9"}]})";
+    item.buildNumber = "1";
+    EXPECT_EQ(check(), Result::upToDate("2.0.0")) << "no version of its own";
+    for (const char* version : {"2.0", "2.0.1", "3"}) {
+        item.version = version;
+        EXPECT_EQ(check(), Result::upToDate("2.0.0"));
+    }
+    item.version = "1.9";
+    EXPECT_EQ(check(), Result::updateAvailable("2.0.0"));
+    EXPECT_EQ(client.requests,
+              std::vector<std::string>{
+                  "https://store.example:8443/lookup?bundleId=com.example.app&country=de"});
+    client.body = "<html>unavailable</html>";
+    EXPECT_EQ(check(), Result::noFeed());
+    item.bundleIdentifier = "";
+    EXPECT_EQ(check(), Result::noFeed());
+    EXPECT_EQ(client.requests.size(), 1u) << "an empty identifier is asked about";
+}
+
+TEST_F(Checker, WhatHasNoAddressIsNeverAskedAbout) {
+    for (const auto source :
+         {UpdateSource::developerID, UpdateSource::unsigned_, UpdateSource::unknown}) {
+        item.updateSource = source;
+        EXPECT_EQ(check(), UpdateCheckResult::noFeed());
+        EXPECT_FALSE(UpdateChecker::hasSource(item));
+    }
+    item.updateSource = UpdateSource::sparkle;
+    for (const std::optional<std::string>& feed : std::vector<std::optional<std::string>>{
+             std::nullopt, "", "https://example.com/a b", "https://example.com/\r\nHost: x",
+             "https://exämple.com/", "https://example.com/%zz", "<feed>"}) {
+        item.sparkleFeedURL = feed;
+        EXPECT_EQ(check(), UpdateCheckResult::noFeed());
+        EXPECT_TRUE(client.requests.empty()) << feed.value_or("none");
+    }
+    item.updateSource = UpdateSource::macAppStore;
+    for (const std::optional<std::string>& identifier :
+         std::vector<std::optional<std::string>>{std::nullopt, "com.example app", "com.exämple"}) {
+        item.bundleIdentifier = identifier;
+        EXPECT_EQ(check(), UpdateCheckResult::noFeed());
+        EXPECT_TRUE(client.requests.empty()) << identifier.value_or("none");
+    }
+}
+
+} // namespace
+} // namespace veridane::test
