@@ -17,6 +17,12 @@
 
 namespace veridane::test {
 
+std::string answerText(int status, std::string_view body, std::string_view headers) {
+    std::string text = "HTTP/1.1 " + std::to_string(status) + " Status\r\nContent-Length: ";
+    text += std::to_string(body.size()) + "\r\n";
+    return text.append(headers).append("\r\n").append(body);
+}
+
 /// One connection. The socket does not block: all waiting is for the socket or the server's end.
 class LoopbackServer::Session : public Connection {
 public:
@@ -155,10 +161,7 @@ void LoopbackServer::Session::reset() {
 
 void LoopbackServer::Connection::answer(int status, std::string_view body,
                                         std::string_view headers) {
-    std::string text = "HTTP/1.1 " + std::to_string(status) + " Status\r\nContent-Length: ";
-    text += std::to_string(body.size()) + "\r\n";
-    text.append(headers).append("\r\n").append(body);
-    send(text);
+    send(answerText(status, body, headers));
 }
 
 void LoopbackServer::Connection::sendEndlessly(std::string_view bytes) {

@@ -17,8 +17,12 @@ namespace veridane::test {
 
 class TlsIdentity;
 
-/// A small HTTP/1.1 server on a free port of this machine. It listens on all loopback addresses, so
-/// that 127.0.0.1 to 127.0.0.40 are forty hosts. What it answers is up to a function:
+/// A whole answer with its length. `headers` are further lines, each ending in "\r\n".
+[[nodiscard]] std::string answerText(int status, std::string_view body = {},
+                                     std::string_view headers = {});
+
+/// A small HTTP/1.1 server on a free port of this machine. It listens on all addresses, so that
+/// 127.0.0.1 to 127.0.0.40 are forty hosts. What it answers is up to a function:
 ///
 ///     LoopbackServer server([](const LoopbackServer::Request& request, auto& connection) {
 ///         connection.answer(request.target == "/feed.xml" ? 200 : 404, "body");
@@ -43,7 +47,7 @@ public:
 
         /// Bytes as they are. False if they cannot all be sent.
         virtual bool send(std::string_view bytes) = 0;
-        /// A whole answer with its length. `headers` are further lines, each ending in "\r\n".
+        /// Sends a whole answer, see `answerText`.
         void answer(int status, std::string_view body = {}, std::string_view headers = {});
         /// Says nothing until the server has got this many requests in all.
         virtual void waitForRequests(std::size_t count) = 0;
