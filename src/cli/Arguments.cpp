@@ -126,6 +126,8 @@ Examples:
       The same as a report for other programs.
   veridane-cli scan --include applications,audio-plugins --language en
       Two categories of this machine, in English.
+  veridane-cli scan --check-updates --format csv -o report.csv
+      With newer versions, as far as the store and the feeds tell.
 
 Exit status: 0 done; 1 something needs attention (only with --fail-on);
 2 wrong usage, or the output cannot be written; 130 cancelled with Ctrl-C.)";
@@ -151,6 +153,7 @@ struct Texts {
     std::string scanFormat = "summary";
     std::string inspectFormat = "text";
     std::optional<std::string> outputFile;
+    bool checkUpdates = false;
     std::string failOn;
     bool noProgress = false;
     std::vector<std::string> paths;
@@ -196,6 +199,8 @@ CLI::App* addScan(CLI::App& program, Texts& texts) {
                      "Write the result to FILE, whole or not at all")
         ->type_name("FILE")
         ->check(notEmpty());
+    scan->add_flag("--check-updates", texts.checkUpdates,
+                   "Ask the store and the objects' own feeds for newer versions");
     scan->add_option("--fail-on", texts.failOn,
                      "attention: exit with 1 if something needs attention before macOS 28")
         ->type_name("WHAT")
@@ -248,6 +253,7 @@ ScanArguments scanArguments(const Texts& texts) {
     arguments.options = optionsFrom(texts);
     arguments.format = valueOf(scanFormats(), texts.scanFormat);
     arguments.outputFile = texts.outputFile;
+    arguments.checksUpdates = texts.checkUpdates;
     arguments.failsOnAttention = !texts.failOn.empty();
     arguments.showsProgress = !texts.noProgress;
     return arguments;

@@ -25,6 +25,7 @@ struct ScanArguments : CommonArguments {
     ScanOptions options;
     ScanFormat format = ScanFormat::summary;
     std::optional<std::string> outputFile; // of this machine; standard output without
+    bool checksUpdates = false;
     bool failsOnAttention = false;
     bool showsProgress = true;
 };

@@ -2,6 +2,7 @@
 
 #include "cli/ProgressBar.h"
 #include "cli/ScanSummary.h"
+#include "cli/UpdateChecks.h"
 #include "cli/Volume.h"
 #include "model/JsonForms.h"
 #include "model/NativeCounterparts.h"
@@ -71,6 +72,8 @@ ExitStatus scan(const ScanArguments& arguments, const Console& console,
     if (!locations)
         return failure;
     std::vector<ScanItem> items = scanItems(*volume, *locations, arguments, console, stop);
+    if (arguments.checksUpdates && !stop.stop_requested())
+        checkUpdates(items, arguments, console, stop);
     if (stop.stop_requested())
         return interrupted;
     const bool fails = arguments.failsOnAttention && anyNeedsAttention(items);

@@ -93,6 +93,31 @@ std::string groupsOf(std::span<const Judged> needy, const Style& style) {
     return text;
 }
 
+bool isWorthTelling(const UpdateCheckResult& result) {
+    return result.kind == UpdateCheckResult::Case::updateAvailable ||
+           result.kind == UpdateCheckResult::Case::failed;
+}
+
+/// What there is to get, and what could not be asked; nothing where no check has been made.
+std::string updatesOf(const std::vector<Judged>& judged, const Style& style) {
+    constexpr std::size_t nameWidth = 36;
+    std::string text;
+    for (const Judged& entry : judged) {
+        if (!isWorthTelling(entry.item->updateResult))
+            continue;
+        text += "  " + style.bold(cell(text::printable(entry.item->name), nameWidth)) + "  " +
+                text::printable(displayName(entry.item->updateResult)) + "\n";
+    }
+    return text.empty() ? text : "\n" + style.bold(localized("Updates")) + "\n" + text;
+}
+
+std::string attentionOf(std::span<const Judged> needy, const Style& style) {
+    if (needy.empty())
+        return localized("Bereit – keine App ist auf Rosetta angewiesen.") + "\n";
+    return style.bold(localized("Handlungsbedarf") + ": " + std::to_string(needy.size())) + "\n" +
+           groupsOf(needy, style);
+}
+
 } // namespace
 
 std::string scanSummary(std::span<const ScanItem> items, bool coloured) {
@@ -106,10 +131,7 @@ std::string scanSummary(std::span<const ScanItem> items, bool coloured) {
     text += counts(judged, style) + "\n";
     if (items.empty())
         return text + localized("Nichts gefunden, was sich prüfen ließe.") + "\n";
-    if (needy.empty())
-        return text + localized("Bereit – keine App ist auf Rosetta angewiesen.") + "\n";
-    text += style.bold(localized("Handlungsbedarf") + ": " + std::to_string(needy.size())) + "\n";
-    return text + groupsOf(needy, style);
+    return text + attentionOf(needy, style) + updatesOf(judged, style);
 }
 
 } // namespace veridane::cli
