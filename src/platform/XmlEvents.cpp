@@ -15,10 +15,10 @@ namespace {
 
 // Expat spends memory on each open element. Feeds have five levels, and a page in one some dozens.
 constexpr int maxDepth = 1'000;
-// Declared attributes with a default value cost time at every element of that name.
+// Attributes that are declared with a value cost time at every element of that name.
 constexpr int maxDeclaredAttributes = 200;
-// Expat also keeps every name that it has met. A feed has some forty, most of them of its pages.
-constexpr std::size_t maxNameBytes = 64 * 1024;
+// Expat keeps all names and declared values to the end. A feed has some forty names.
+constexpr std::size_t maxKeptBytes = 64 * 1024;
 // Bytes that expat gets at once, and so about half of the longest tag or comment.
 constexpr XML_Index minRoom = 16 * 1024;
 constexpr XML_Index maxRoom = 32 * 1024 * 1024;
@@ -59,7 +59,7 @@ public:
             m_isUnreadable = true; // no memory
     }
 
-    bool feed(std::string_view piece) {
+    void feed(std::string_view piece) {
         while (!m_isUnreadable && !piece.empty() && makeRoom()) {
             const auto size = std::min(piece.size(), m_room.size() - m_filled);
             std::copy_n(piece.data(), size, m_room.data() + m_filled);
@@ -68,7 +68,6 @@ public:
             if (m_filled == m_room.size())
                 parseRoom(/*isEnd=*/false);
         }
-        return !m_isUnreadable;
     }
 
     bool finish() {
@@ -99,33 +98,42 @@ private:
                                            const XML_Char*) {
             static_cast<Parser*>(self)->refuse(); // it may unfold to any size
         });
-        XML_SetAttlistDeclHandler(expat, [](void* self, const XML_Char*, const XML_Char*,
-                                            const XML_Char*, const XML_Char*, int) {
-            auto& parser = *static_cast<Parser*>(self);
-            if (++parser.m_declaredAttributes > maxDeclaredAttributes)
-                parser.refuse();
+        XML_SetAttlistDeclHandler(expat, [](void* self, const XML_Char*, const XML_Char* name,
+                                            const XML_Char*, const XML_Char* value, int) {
+            static_cast<Parser*>(self)->declareAttribute(name, value ? value : "");
         });
     }
 
+    void declareAttribute(std::string_view name, std::string_view value) {
+        keep(name.size() + value.size());
+        if (++m_declaredAttributes > maxDeclaredAttributes)
+            refuse();
+    }
+
     void startElement(const XML_Char* name, const XML_Char** attributes) {
-        ++m_depth;
+        if (++m_depth > maxDepth)
+            refuse();
         report([&] {
             meet(name);
-            for (auto attribute = attributes; *attribute; attribute += 2)
-                meet(*attribute);
-            if (m_depth > maxDepth || m_nameBytes > maxNameBytes)
-                refuse();
-            else
-                m_handler.startElement(name, XmlAttributes(attributes));
+            // Behind those that the tag has itself come the declared ones.
+            for (int i = 0; i < XML_GetSpecifiedAttributeCount(m_expat.get()); i += 2)
+                meet(attributes[i]);
         });
+        report([&] { m_handler.startElement(name, XmlAttributes(attributes)); });
     }
 
     void meet(std::string_view name) {
         if (m_names.contains(name))
             return;
-        m_nameBytes += name.size();
-        if (m_nameBytes <= maxNameBytes)
+        keep(name.size());
+        if (!m_isUnreadable)
             m_names.emplace(name);
+    }
+
+    void keep(std::size_t bytes) {
+        m_keptBytes += bytes;
+        if (m_keptBytes > maxKeptBytes)
+            refuse();
     }
 
     void characters(std::string_view text) {
@@ -188,7 +196,7 @@ private:
     std::size_t m_filled = 0;
     XML_Index m_fed = 0; // bytes that expat has been given
     std::set<std::string, std::less<>> m_names;
-    std::size_t m_nameBytes = 0;
+    std::size_t m_keptBytes = 0;
     int m_depth = 0; // open elements
     int m_declaredAttributes = 0;
     bool m_isInCdata = false;
@@ -205,8 +213,8 @@ std::optional<std::string_view> XmlAttributes::value(std::string_view name) cons
 XmlReader::XmlReader(XmlHandler& handler) : m_parser(std::make_unique<Parser>(handler)) {}
 XmlReader::~XmlReader() = default;
 
-bool XmlReader::feed(std::string_view piece) {
-    return m_parser->feed(piece);
+void XmlReader::feed(std::string_view piece) {
+    m_parser->feed(piece);
 }
 
 bool XmlReader::finish() {

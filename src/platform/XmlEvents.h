@@ -43,8 +43,8 @@ public:
     XmlReader(const XmlReader&) = delete;
     XmlReader& operator=(const XmlReader&) = delete;
 
-    /// False once the document is known to be unreadable; what follows is then passed over.
-    bool feed(std::string_view piece);
+    /// Once the document is known to be unreadable, what follows is passed over.
+    void feed(std::string_view piece);
 
     /// Says that nothing more comes. Whether all of it was one well-formed document.
     [[nodiscard]] bool finish();
