@@ -1,5 +1,7 @@
 #include "platform/XmlEvents.h"
 
+#include "platform/Text.h"
+
 #include <expat.h>
 #include <unicode/ucnv.h>
 
@@ -42,6 +44,14 @@ int describeEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
         ucnv_resetToUnicode(converter.getAlias());
     }
     return XML_STATUS_OK;
+}
+
+/// Some feeds write the name without its hyphen, which expat does not take for UTF-8.
+bool isUtf8Misspelt(std::string_view start) {
+    const std::string declaration = text::lowercased(start.substr(0, start.find("?>")));
+    return declaration.starts_with("<?xml") &&
+           (declaration.find("encoding=\"utf8\"") != std::string::npos ||
+            declaration.find("encoding='utf8'") != std::string::npos);
 }
 
 struct FreeParser {
@@ -182,6 +192,8 @@ private:
     }
 
     void parseRoom(bool isEnd) {
+        if (m_fed == 0 && isUtf8Misspelt({m_room.data(), m_filled}))
+            XML_SetEncoding(m_expat.get(), "UTF-8");
         m_fed += static_cast<XML_Index>(m_filled);
         const auto status = XML_ParseBuffer(m_expat.get(), static_cast<int>(m_filled), isEnd);
         if (status != XML_STATUS_OK)

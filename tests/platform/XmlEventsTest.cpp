@@ -66,6 +66,7 @@ TEST(XmlEvents, AreUtf8InEveryEncodingOfADocument) {
         {"\xEF\xBB\xBF<r>\u20AC</r>", "<r>\u20AC/"},
         {"\xFF\xFE<\0r\0>\0\xAC\x20<\0/\0r\0>\0"s, "<r>\u20AC/"},
         {"\xFE\xFF\0<\0r\0>\x20\xAC\0<\0/\0r\0>"s, "<r>\u20AC/"},
+        {declared("UTF8", "\u20AC\U0001F600"), "<r>\u20AC\U0001F600/"},
         {declared("us-ascii", "&#8364;"), "<r>\u20AC/"},
         {declared("ISO-8859-1", "\xE9"), "<r>\u00E9/"},
         {declared("ISO-8859-15", "\xA4"), "<r>\u20AC/"},
