@@ -4,6 +4,7 @@
 #include "platform/DrainedQueue.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"
+#include "sample-items/SampleItems.h"
 #include "support/VolumeBuilder.h"
 
 #include <benchmark/benchmark.h>
@@ -30,7 +31,7 @@ public:
                          .workspace = m_workspace,
                          .system = m_queries,
                          .scan = [count](const auto&, const auto&,
-                                         const auto&) { return sampleItems(count); },
+                                         const auto&) { return sample::sampleItems(count); },
                          .checkUpdate =
                              [](const auto&, const auto&) {
                              }},
@@ -75,7 +76,8 @@ void keystroke(benchmark::State& state) {
 
 /// The same list with nothing remembered, once: a view and the log would each pay this.
 void plainFilter(benchmark::State& state) {
-    const std::vector<ScanItem> items = sampleItems(static_cast<std::size_t>(state.range(0)));
+    const std::vector<ScanItem> items =
+        sample::sampleItems(static_cast<std::size_t>(state.range(0)));
     const NativeCounterparts counterparts(items);
     const Collation collation;
     std::size_t key = 0;
@@ -99,7 +101,7 @@ void plainFilter(benchmark::State& state) {
 /// What a finished scan costs the window: the new items, and the first read of its list.
 void newItems(benchmark::State& state) {
     const auto count = static_cast<std::size_t>(state.range(0));
-    const std::vector<ScanItem> items = sampleItems(count);
+    const std::vector<ScanItem> items = sample::sampleItems(count);
     for (auto _ : state) {
         const NativeCounterparts counterparts(items);
         const ItemLists lists(items, counterparts, Collation());

@@ -1,10 +1,12 @@
-#include "ItemSamples.h"
+#include "sample-items/SampleItems.h"
 
+#include <array>
+#include <cstdio>
 #include <iterator>
 #include <random>
 #include <string>
 
-namespace veridane::benchmarks {
+namespace veridane::sample {
 namespace {
 
 constexpr const char* words[] = {"Studio", "Helper",  "Audio",  "Sync", "Photo",  "Manager",
@@ -13,9 +15,11 @@ constexpr const char* words[] = {"Studio", "Helper",  "Audio",  "Sync", "Photo",
 
 class Samples {
 public:
+    explicit Samples(unsigned variant) : m_variant(variant), m_random(variant) {}
+
     ScanItem next() {
         ScanItem item;
-        item.id = Uuid::random();
+        item.id = nextId();
         item.name = word() + " " + word() + " " + std::to_string(m_random() % 1000);
         item.kind = static_cast<ItemKind>(m_random() % itemKindCount);
         item.path = "/Users/anna/Library/Application Support/" + word() + "/" + item.name + ".app";
@@ -40,13 +44,21 @@ public:
 private:
     std::string word() { return words[m_random() % std::size(words)]; }
 
-    std::mt19937 m_random{1};
+    Uuid nextId() {
+        std::array<char, 40> text{};
+        std::snprintf(text.data(), text.size(), "%08X-0000-4000-8000-%012X", m_variant, ++m_count);
+        return Uuid::parse(text.data()).value_or(Uuid());
+    }
+
+    unsigned m_variant;
+    unsigned m_count = 0;
+    std::mt19937 m_random;
 };
 
 } // namespace
 
-std::vector<ScanItem> sampleItems(std::size_t count) {
-    Samples samples;
+std::vector<ScanItem> sampleItems(std::size_t count, unsigned variant) {
+    Samples samples(variant);
     std::vector<ScanItem> items;
     items.reserve(count);
     while (items.size() < count)
@@ -54,4 +66,4 @@ std::vector<ScanItem> sampleItems(std::size_t count) {
     return items;
 }
 
-} // namespace veridane::benchmarks
+} // namespace veridane::sample
