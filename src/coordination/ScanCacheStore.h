@@ -22,11 +22,12 @@ public:
     /// Takes a line of text without its end. Called on the store's own thread.
     using LinePrinter = std::function<void(const std::string& line)>;
 
-    /// A larger file is refused: a quarter of a million objects fit.
+    /// A larger file is refused: some two hundred thousand objects fit.
     static constexpr std::uint64_t maxFileSize = std::uint64_t{160} << 20;
 
-    /// Without a directory nothing is loaded and nothing saved. It need not exist. `print` gets the
-    /// line about a failed save; without it the line goes to standard output at once.
+    /// `directory` is absolute and need not exist; without one nothing is loaded and nothing saved.
+    /// `print` gets the line about a failed save; without it the line goes to standard output at
+    /// once.
     explicit ScanCacheStore(std::optional<std::string> directory,
                             std::int64_t schemaVersion = CachedScanSnapshot::currentSchemaVersion,
                             LinePrinter print = {});

@@ -18,7 +18,7 @@ std::string lineOf(Date date, const std::string& event, const StabilityLogger::F
     const char* separator = "";
     for (auto [key, value] : fields) {
         std::ranges::replace(value, '\n', ' ');
-        line += separator + key + "=" + value;
+        line.append(separator).append(key).append("=").append(value);
         separator = " ";
     }
     return line + "\n";

@@ -18,7 +18,7 @@ public:
     using Fields = std::map<std::string, std::string>;
     using Clock = std::function<Date()>;
 
-    /// Without a directory nothing is written. It is made with the first line. `clock` is asked at
+    /// `directory` is made with the first line; without one nothing is written. `clock` is asked at
     /// each writing, on the logger's own thread.
     explicit StabilityLogger(std::optional<std::string> directory, Clock clock = now);
 

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace veridane {
 namespace {
@@ -62,7 +63,8 @@ bool TemporaryFile::isOurs() const {
 
 bool TemporaryFile::moveTo(const std::string& path) {
     // A second descriptor, since closing the last one would give the lock back too early.
-    if (!closeChecked(Descriptor(::dup(m_file.get()))))
+    Descriptor second(::dup(m_file.get()));
+    if (!second || !closeChecked(std::move(second)))
         return false;
     if (::rename(m_path.c_str(), path.c_str()) != 0)
         return false;
