@@ -32,6 +32,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The library takes a zero for the end of a document.
     if (body.find('\0') == std::string_view::npos && version != versionInDocument(body))
         std::abort();
-    (void)veridane::storeLookupUrl(veridane::appStoreService, body);
+    (void)veridane::storeLookupUrl("https://store.example", body);
     return 0;
 }

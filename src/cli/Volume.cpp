@@ -1,20 +1,13 @@
 #include "cli/Volume.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
-#include <cstdlib>
+#include "platform/UserDirectories.h"
 
 namespace veridane::cli {
 namespace {
 
 std::vector<Path> ownHome() {
-    if (const char* home = std::getenv("HOME"); home && *home == '/')
-        return {Path(home)};
-    const passwd* user = ::getpwuid(::getuid());
-    if (!user || !user->pw_dir)
-        return {};
-    return {Path(user->pw_dir)};
+    const auto home = homeDirectory();
+    return home ? std::vector{Path(*home)} : std::vector<Path>();
 }
 
 bool isDirectory(const FileSystem& files, const Path& path) {
