@@ -1,4 +1,3 @@
-#include "ItemSamples.h"
 #include "coordination/ScanCoordinator.h"
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
