@@ -7,6 +7,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace veridane::text {
 namespace {
@@ -102,6 +103,12 @@ std::string lowercased(std::string_view text) {
             c = static_cast<char>(c - 'A' + 'a');
     }
     return result;
+}
+
+// In UTF-8 no character occurs inside of another one. Several times as fast as the search of
+// std::string_view, which is felt where all texts of a window are searched at each keystroke.
+bool contains(std::string_view text, std::string_view part) {
+    return part.empty() || ::memmem(text.data(), text.size(), part.data(), part.size());
 }
 
 std::string capitalized(std::string_view text) {

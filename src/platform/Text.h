@@ -15,6 +15,9 @@ namespace veridane::text {
 /// Lower case by Unicode's rules alone, the same in every locale.
 [[nodiscard]] std::string lowercased(std::string_view text);
 
+/// Whether the part occurs in the text, character by character. Every text contains the empty one.
+[[nodiscard]] bool contains(std::string_view text, std::string_view part);
+
 /// Each word begins with a capital letter and goes on in lower case: "action games" gives
 /// "Action Games". A word is a run of letters, so that "1password" gives "1Password".
 [[nodiscard]] std::string capitalized(std::string_view text);
