@@ -42,8 +42,7 @@ private:
 };
 
 void save(const std::string& directory) {
-    static const auto items = std::make_shared<const std::vector<ScanItem>>(snapshot().items);
-    ScanCacheStore(directory).save(items, {}, Date()); // waits for the end of it
+    ScanCacheStore(directory).save(snapshot().items, {}, Date()); // waits for the end of it
 }
 
 // With the flush to the disk, which is most of it.

@@ -9,6 +9,7 @@
 #include "platform/UserDirectories.h"
 
 #include <cstdio>
+#include <memory>
 #include <utility>
 
 namespace veridane {
@@ -26,21 +27,12 @@ void printLine(const std::string& line) {
     std::fflush(stdout);
 }
 
-std::string textOf(const ScanCacheStore::Items& items, CachedScanSnapshot snapshot) {
-    if (items)
-        snapshot.items = *items;
-    // The next start shows what the scan found; what was checked since then is out of date by then.
-    for (ScanItem& item : snapshot.items)
-        item.updateResult = UpdateCheckResult::notChecked();
-    return json::snapshotText(snapshot);
-}
-
-Failure write(const std::string& directory, const std::string& text) {
+Failure write(const std::string& directory, const CachedScanSnapshot& snapshot) {
     if (auto failure = makeDirectories(directory))
         return failure;
     // First, so that what a killed program has left does not take the room that this file needs.
     removeAbandonedFiles(directory);
-    return replaceFileAtomically(fileIn(directory), text);
+    return replaceFileAtomically(fileIn(directory), json::snapshotText(snapshot));
 }
 
 } // namespace
@@ -69,12 +61,16 @@ std::optional<CachedScanSnapshot> ScanCacheStore::load() const {
     return snapshot;
 }
 
-void ScanCacheStore::save(Items items, const ScanOptions& options, Date scannedAt) {
+void ScanCacheStore::save(std::vector<ScanItem> items, const ScanOptions& options, Date scannedAt) {
     if (!m_directory)
         return;
-    CachedScanSnapshot head{m_schemaVersion, scannedAt, options, {}};
-    m_worker.post([this, items = std::move(items), head = std::move(head)] {
-        if (const auto failure = write(*m_directory, textOf(items, head)))
+    const auto snapshot = std::make_shared<CachedScanSnapshot>(
+        CachedScanSnapshot{m_schemaVersion, scannedAt, options, std::move(items)});
+    m_worker.post([this, snapshot] {
+        // What was checked since the scan is out of date at the next start.
+        for (ScanItem& item : snapshot->items)
+            item.updateResult = UpdateCheckResult::notChecked();
+        if (const auto failure = write(*m_directory, *snapshot))
             m_print("Scan-Cache konnte nicht gespeichert werden: " + *failure);
     });
 }

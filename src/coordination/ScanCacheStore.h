@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,9 +15,6 @@ namespace veridane {
 /// touches this file. Safe on any thread; several programs may share a directory.
 class ScanCacheStore {
 public:
-    /// Items are shared with whoever shows them and never copied for the hand-over.
-    using Items = std::shared_ptr<const std::vector<ScanItem>>;
-
     /// Takes a line of text without its end. Called on the store's own thread.
     using LinePrinter = std::function<void(const std::string& line)>;
 
@@ -46,7 +42,7 @@ public:
     /// Replaces the kept scan, with the update result of every item set to `notChecked`. Returns at
     /// once; the work follows on a thread of its own, one save after the other. A reader finds the
     /// old file or the new one. After a failure the old one is still there, and a line is printed.
-    void save(Items items, const ScanOptions& options, Date scannedAt);
+    void save(std::vector<ScanItem> items, const ScanOptions& options, Date scannedAt);
 
 private:
     std::optional<std::string> m_directory;

@@ -36,7 +36,7 @@ private:
 struct ScanCoordinator::ScanResult {
     ScanOptions options;
     std::vector<ScanItem> items;
-    ScanCacheStore::Items itemsToKeep; // a copy, made where it keeps no window waiting
+    std::vector<ScanItem> itemsToKeep; // a copy, made where it keeps no window waiting
     bool wasCancelled = false;
 };
 
@@ -80,7 +80,7 @@ void ScanCoordinator::startScan() {
         const auto result = std::make_shared<ScanResult>();
         result->options = options;
         result->items = scan(options, onProgress, stop);
-        result->itemsToKeep = std::make_shared<const std::vector<ScanItem>>(result->items);
+        result->itemsToKeep = result->items;
         weak.post([result, stop](ScanCoordinator& self) {
             result->wasCancelled = stop.stop_requested();
             self.finishScan(*result);

@@ -29,7 +29,7 @@ protected:
         ScanCacheStore store(directory(), version,
                              [&](const std::string& line) { printed.push_back(line); });
         for (const Items& items : results)
-            store.save(std::make_shared<const Items>(items), {.includeSystemApps = true}, date);
+            store.save(items, {.includeSystemApps = true}, date);
         return printed;
     }
     auto load(std::int64_t version = 1) const {
@@ -62,7 +62,7 @@ TEST_F(Cache, TheLastSaveComesBackWithoutWhatWasCheckedSince) {
     EXPECT_EQ(load(2).value().items, Items());
 
     ScanCacheStore nowhere(std::nullopt);
-    nowhere.save(nullptr, {}, date);
+    nowhere.save({}, {}, date);
     EXPECT_EQ(nowhere.cacheURL(), std::nullopt);
     EXPECT_EQ(nowhere.load(), std::nullopt);
 }
@@ -99,7 +99,7 @@ TEST_F(Cache, AFailedSaveIsToldOnceAndLeavesWhatWasThere) {
     fs::remove_all(directory());
     volume.file("/data/Veridane", "in the way");
     ::testing::internal::CaptureStdout();
-    ScanCacheStore(directory()).save(nullptr, {}, date);
+    ScanCacheStore(directory()).save({}, {}, date);
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), line + "Not a directory\n");
     EXPECT_EQ(textOf(directory()), "in the way");
 }

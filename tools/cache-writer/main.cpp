@@ -14,23 +14,21 @@ using Items = std::vector<ScanItem>;
 constexpr int broken = 1, misused = 2;
 
 /// One is larger than the other, so that a mixture of both shows.
-std::vector<ScanCacheStore::Items> results() {
-    return {std::make_shared<const Items>(sample::sampleItems(600, 1)),
-            std::make_shared<const Items>(sample::sampleItems(1200, 2))};
+std::vector<Items> results() {
+    return {sample::sampleItems(600, 1), sample::sampleItems(1200, 2)};
 }
 
 /// Ends when everything is saved.
-void saveEach(const std::string& directory, const std::vector<ScanCacheStore::Items>& results) {
+void saveEach(const std::string& directory, const std::vector<Items>& results) {
     ScanCacheStore store(directory);
-    for (const ScanCacheStore::Items& items : results)
+    for (const Items& items : results)
         store.save(items, {}, now());
 }
 
 bool isWhole(const std::string& directory) {
     const auto snapshot = ScanCacheStore(directory).load();
-    return snapshot && std::ranges::any_of(results(), [&](const ScanCacheStore::Items& items) {
-               return snapshot->items == *items;
-           });
+    return snapshot && std::ranges::any_of(
+                           results(), [&](const Items& items) { return snapshot->items == items; });
 }
 
 } // namespace
