@@ -37,6 +37,23 @@ void trustAuthorities(CURL* handle, const std::optional<std::string>& caFile) {
     curl_easy_setopt(handle, CURLOPT_CAPATH, nullptr);
 }
 
+/// How many compressions a line of the headers names.
+int compressionsIn(std::string_view line) {
+    const std::size_t colon = line.find(':');
+    const std::string name = text::lowercased(line.substr(0, colon));
+    if (name != "content-encoding" && name != "transfer-encoding")
+        return 0;
+    int count = 0;
+    for (std::string_view rest = line.substr(colon); !rest.empty();) {
+        rest.remove_prefix(1); // the colon or comma
+        const std::size_t end = std::min(rest.find(','), rest.size());
+        const std::string coding = text::lowercased(text::trimmed(rest.substr(0, end)));
+        rest.remove_prefix(end);
+        count += !coding.empty() && coding != "chunked" && coding != "identity";
+    }
+    return count;
+}
+
 } // namespace
 
 /// What curl calls while it works on a handle. Taking less than is offered ends the transfer.
@@ -46,14 +63,19 @@ struct CurlTransfer::Callbacks {
         return CURL_PREREQFUNC_OK;
     }
 
-    static std::size_t header(char*, std::size_t, std::size_t size, void* user) {
+    static std::size_t header(char* data, std::size_t, std::size_t size, void* user) {
         auto& self = *static_cast<CurlTransfer*>(user);
         self.m_lastActivity = Clock::now();
         self.m_headerBytes += size;
-        if (self.m_headerBytes <= self.m_settings->largestHeaders)
-            return size;
-        self.m_failure = TransportError{"Headers of the answer are too large", std::nullopt};
-        return 0;
+        self.m_compressions += compressionsIn(std::string_view(data, size));
+        if (self.m_headerBytes > self.m_settings->largestHeaders)
+            self.m_failure = TransportError{"Headers of the answer are too large", std::nullopt};
+        // One that is wrapped in others can keep us busy for hours with a few kilobytes, and yet
+        // have no contents whose size could be limited.
+        else if (self.m_compressions > 1)
+            self.m_failure =
+                TransportError{curl_easy_strerror(CURLE_BAD_CONTENT_ENCODING), std::nullopt};
+        return self.m_failure ? 0 : size;
     }
 
     static std::size_t body(char* data, std::size_t, std::size_t size, void* user) {
@@ -89,6 +111,7 @@ void* CurlTransfer::begin(const HttpSettings& settings, const std::atomic<bool>&
     m_isEnding = &isEnding;
     m_began = Clock::now();
     m_headerBytes = m_bodyBytes = 0;
+    m_compressions = 0;
     m_isBodyWanted.reset();
     m_error[0] = '\0';
     m_handle.reset(curl_easy_init());
@@ -133,8 +156,12 @@ std::optional<HttpOutcome> CurlTransfer::conclude(int result) {
     if (result == CURLE_FILESIZE_EXCEEDED)
         return tooLarge();
     if (result != CURLE_OK) {
-        const char* general = curl_easy_strerror(static_cast<CURLcode>(result));
-        return TransportError{text::printable(m_error[0] ? m_error.data() : general), std::nullopt};
+        std::string_view reason = m_error.data();
+        // A proxy's address that curl cannot use is quoted with its password, and reports get
+        // passed on. Nothing else in these texts holds an "@".
+        if (reason.empty() || reason.find('@') != std::string_view::npos)
+            reason = curl_easy_strerror(static_cast<CURLcode>(result));
+        return TransportError{text::printable(reason), std::nullopt};
     }
 
     const auto location = redirectLocation();

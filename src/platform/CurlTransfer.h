@@ -63,6 +63,7 @@ private:
     std::optional<Clock::time_point> m_lastActivity;
     std::uint64_t m_headerBytes = 0;
     std::uint64_t m_bodyBytes = 0;
+    int m_compressions = 0;                  // that the answer is said to have gone through
     std::optional<bool> m_isBodyWanted;      // known once the headers are there
     std::optional<TransportError> m_failure; // why we ended it ourselves
 
