@@ -97,7 +97,8 @@ std::string storeLookupService() {
 }
 
 std::optional<Url> storeLookupUrl(std::string_view service, std::string_view bundleIdentifier) {
-    std::string text(service);
+    // People end an address in a slash, and to a server "//lookup" is another path.
+    std::string text(service.substr(0, service.find_last_not_of('/') + 1));
     text.append("/lookup?bundleId=").append(bundleIdentifier).append("&country=de");
     return Url::parse(text);
 }
