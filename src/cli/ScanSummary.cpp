@@ -101,12 +101,13 @@ bool isWorthTelling(const UpdateCheckResult& result) {
 /// What there is to get, and what could not be asked; nothing where no check has been made.
 std::string updatesOf(const std::vector<Judged>& judged, const Style& style) {
     constexpr std::size_t nameWidth = 36;
+    constexpr std::size_t resultWidth = 200; // a feed may call its version as long as it likes
     std::string text;
     for (const Judged& entry : judged) {
         if (!isWorthTelling(entry.item->updateResult))
             continue;
         text += "  " + style.bold(cell(text::printable(entry.item->name), nameWidth)) + "  " +
-                text::printable(displayName(entry.item->updateResult)) + "\n";
+                clipped(text::printable(displayName(entry.item->updateResult)), resultWidth) + "\n";
     }
     return text.empty() ? text : "\n" + style.bold(localized("Updates")) + "\n" + text;
 }

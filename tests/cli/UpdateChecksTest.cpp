@@ -81,6 +81,17 @@ TEST_F(UpdateChecks, TheReportSaysWhatTheStoreAndTheFeedsSay) {
     EXPECT_NE(out.find("Update verfügbar → 1.1"), std::string::npos) << out;
 }
 
+TEST_F(UpdateChecks, AnEndlessVersionDoesNotFloodTheTerminal) {
+    const LoopbackServer server([](const auto&, auto& connection) {
+        connection.answer(200, "<rss><item><enclosure sparkle:version='11" +
+                                   std::string(100'000, '.') + "'/></item></rss>");
+    });
+    build(server);
+    ASSERT_EQ(scan({}), success);
+    EXPECT_NE(out.find("Update verfügbar → 11..."), std::string::npos);
+    EXPECT_LT(out.size(), 2'000U);
+}
+
 TEST_F(UpdateChecks, CtrlCEndsTheWaitingForAServer) {
     std::stop_source stop;
     const LoopbackServer server([&](const auto&, auto& connection) {
