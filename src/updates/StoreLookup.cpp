@@ -11,9 +11,11 @@ namespace {
 
 using Json = nlohmann::json;
 
+// What readers of JSON usually put up with; the store needs three.
+constexpr std::size_t maxDepth = 512;
+
 /// Picks results[0].version out of a JSON document as it is read. Building the document first would
-/// take many times its size, and the recursion over one that is nested 200,000 levels deep the
-/// whole stack. Of a key that is there twice, the last one counts.
+/// take many times its size. Of a key that is there twice, the last one counts.
 class AnswerReader final : public nlohmann::json_sax<Json> {
 public:
     std::optional<std::string> version() && {
@@ -72,8 +74,7 @@ private:
 
     bool begin(Kind kind) {
         const bool goesOn = value(kind);
-        ++m_depth;
-        return goesOn;
+        return ++m_depth <= maxDepth && goesOn;
     }
 
     bool end() {

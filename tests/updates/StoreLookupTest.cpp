@@ -59,9 +59,14 @@ TEST(StoreAnswer, HoldsTheVersionOfItsFirstResult) {
         EXPECT_EQ(storeVersion(body), version) << body;
 }
 
-TEST(StoreAnswer, MayBeNestedAsDeepAsItLikes) {
-    const std::string deep = std::string(200'000, '[') + std::string(200'000, ']');
-    EXPECT_EQ(storeVersion(R"({"results":[{"a":)" + deep + R"(,"version":"1"}]})"), "1");
+TEST(StoreAnswer, IsUselessWhereItIsNestedWithoutEnd) {
+    const auto answer = [](std::size_t depth) { // three of them are the answer's own
+        return R"({"results":[{"version":"1","a":)" + std::string(depth - 3, '[') +
+               std::string(depth - 3, ']') + "}]}";
+    };
+    EXPECT_EQ(storeVersion(answer(512)), "1");
+    for (const std::size_t depth : {513, 200'000})
+        EXPECT_EQ(storeVersion(answer(depth)), std::nullopt);
 }
 
 } // namespace
