@@ -71,6 +71,8 @@ ExitStatus scan(const ScanArguments& arguments, const Console& console,
         searchLocations(*volume, arguments.homes, arguments.volume.has_value(), console);
     if (!locations)
         return failure;
+    if (arguments.checksUpdates && !canAskTheStore(console))
+        return failure;
     std::vector<ScanItem> items = scanItems(*volume, *locations, arguments, console, stop);
     if (arguments.checksUpdates && !stop.stop_requested())
         checkUpdates(items, arguments, console, stop);

@@ -12,6 +12,15 @@
 
 namespace veridane::cli {
 
+bool canAskTheStore(const Console& console) {
+    const std::string service = storeLookupService();
+    if ((service.starts_with("http://") || service.starts_with("https://")) &&
+        storeLookupUrl(service, "com.example"))
+        return true;
+    complain(console, "VERIDANE_STORE_LOOKUP: " + service + " is no http or https address");
+    return false;
+}
+
 void checkUpdates(std::vector<ScanItem>& items, const ScanArguments& arguments,
                   const Console& console, const std::stop_token& stop) {
     std::optional<ProgressBar> bar;

@@ -9,6 +9,9 @@
 
 namespace veridane::cli {
 
+/// Whether the store's lookup service has a usable address; if not, a line on the console tells.
+[[nodiscard]] bool canAskTheStore(const Console& console);
+
 /// Looks for newer versions of all items that come from the store or name a feed, all at once, and
 /// writes what comes of it into them. Ends early once a stop is requested.
 void checkUpdates(std::vector<ScanItem>& items, const ScanArguments& arguments,

@@ -92,6 +92,16 @@ TEST_F(UpdateChecks, AnEndlessVersionDoesNotFloodTheTerminal) {
     EXPECT_LT(out.size(), 2'000U);
 }
 
+TEST_F(UpdateChecks, AMirrorThatCannotBeAskedIsToldBeforeTheScan) {
+    for (const char* mirror :
+         {"store.example", "ftp://store.example", "https://my store.example"}) {
+        ::setenv("VERIDANE_STORE_LOOKUP", mirror, 1);
+        EXPECT_EQ(scan({}), failure);
+        EXPECT_EQ(err, std::string("veridane-cli: VERIDANE_STORE_LOOKUP: ") + mirror +
+                           " is no http or https address\n");
+    }
+}
+
 TEST_F(UpdateChecks, CtrlCEndsTheWaitingForAServer) {
     std::stop_source stop;
     const LoopbackServer server([&](const auto&, auto& connection) {
