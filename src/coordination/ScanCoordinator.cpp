@@ -90,35 +90,35 @@ void ScanCoordinator::startScan() {
 }
 
 void ScanCoordinator::finishScan(ScanResult& result) {
+    // All is written before anybody is told of the end: an observer may start the next scan.
+    JointWrite end;
     if (result.wasCancelled) {
-        m_isScanning.set(false);
-        m_progress.set(std::nullopt);
+        end.set(m_isScanning, false);
+        end.set(m_progress, std::nullopt);
         logEvent("scan_cancelled");
-        m_scanTask.set(std::nullopt);
-        return;
+    } else {
+        const Date date = m_services.clock();
+        writeItems(std::move(result.items));
+        end.set(m_isScanning, false);
+        end.set(m_progress, std::nullopt);
+        end.set(m_hasScannedOnce, true);
+        end.set(m_lastScanDate, date);
+        end.set(m_hasFullDiskAccess, probeFullDiskAccess(m_services.system));
+        logEvent("scan_completed");
+        m_cacheStore->save(std::move(result.itemsToKeep), result.options, date);
     }
-    const Date date = m_services.clock();
-    writeItems(std::move(result.items));
-    m_isScanning.set(false);
-    m_progress.set(std::nullopt);
-    m_hasScannedOnce.set(true);
-    m_lastScanDate.set(date);
-    m_hasFullDiskAccess.set(probeFullDiskAccess(m_services.system));
-    logEvent("scan_completed");
-    m_cacheStore->save(std::move(result.itemsToKeep), result.options, date);
-    m_scanTask.set(std::nullopt);
+    end.set(m_scanTask, std::nullopt);
+    end.notify();
 }
 
 void ScanCoordinator::writeItems(std::vector<ScanItem> items) {
     NativeCounterparts counterparts(items);
     m_lists.reset(); // it refers to the old items
     m_shownItems.reset();
-    const bool itemsChanged = m_items.replace(std::move(items));
-    const bool keysChanged = m_nativeCounterpartKeys.replace(std::move(counterparts));
-    if (itemsChanged)
-        m_items.notify();
-    if (keysChanged)
-        m_nativeCounterpartKeys.notify();
+    JointWrite write;
+    write.set(m_items, std::move(items));
+    write.set(m_nativeCounterpartKeys, std::move(counterparts));
+    write.notify();
     sanitizeSelection();
 }
 

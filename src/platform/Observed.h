@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -51,23 +52,6 @@ public:
             notify();
     }
 
-    /// The two halves of `set`, for values that change together: whoever is told of one of them
-    /// must find all of them written. Gives whether the value has changed.
-    [[nodiscard]] bool replace(T value) {
-        if (m_value == value)
-            return false;
-        m_value = std::move(value);
-        return true;
-    }
-    void notify() const {
-        // A copy, because observers may come and go, and take this object with them.
-        const auto observers = m_observers;
-        for (const auto& observer : observers) {
-            if (const auto alive = observer.lock())
-                (*alive)();
-        }
-    }
-
     /// Changes the value in its place, for one that is dear to copy: `change` takes it by reference
     /// and gives whether it has changed something.
     template <typename Change>
@@ -77,8 +61,46 @@ public:
     }
 
 private:
+    friend class JointWrite;
+
+    /// Whether the value has changed.
+    bool replace(T value) {
+        if (m_value == value)
+            return false;
+        m_value = std::move(value);
+        return true;
+    }
+
+    void notify() const {
+        // A copy, because observers may come and go, and take this object with them.
+        const auto observers = m_observers;
+        for (const auto& observer : observers) {
+            if (const auto alive = observer.lock())
+                (*alive)();
+        }
+    }
+
     T m_value{};
     mutable std::vector<std::weak_ptr<const std::function<void()>>> m_observers;
+};
+
+/// Writes values that change together: whoever is told of one of them finds all of them written.
+class JointWrite {
+public:
+    template <typename T>
+    void set(Observed<T>& target, std::type_identity_t<T> value) {
+        if (target.replace(std::move(value)))
+            m_changed.emplace_back([&target] { target.notify(); });
+    }
+
+    /// Tells the observers of what has changed, in the order of writing.
+    void notify() const {
+        for (const auto& notifyOne : m_changed)
+            notifyOne();
+    }
+
+private:
+    std::vector<std::function<void()>> m_changed;
 };
 
 } // namespace veridane

@@ -28,6 +28,7 @@ TEST_F(ScanLifecycle, AFinishedScanIsShownLoggedAndThereAgainAtTheNextStart) {
     EXPECT_EQ(phases, (Texts{"half", "none"}));
     EXPECT_EQ(coordinator->items().get(), found);
     EXPECT_EQ(coordinator->lastScanDate().get(), date);
+    EXPECT_TRUE(coordinator->hasScannedOnce().get());
     EXPECT_TRUE(coordinator->hasFullDiskAccess().get()) << "granted since the start";
     EXPECT_FALSE(coordinator->scanTask().get());
 
@@ -39,6 +40,38 @@ TEST_F(ScanLifecycle, AFinishedScanIsShownLoggedAndThereAgainAtTheNextStart) {
                          "event=scan_start_requested filtered=0 isScanning=false items=0" + rest +
                          "event=scan_completed filtered=2 isScanning=false items=2" + rest +
                          "event=coordinator_init filtered=2 isScanning=false items=2" + rest);
+}
+
+TEST_F(ScanLifecycle, WhoeverIsToldFindsAllWrittenAndMayStartTheNextScan) {
+    std::string told;
+    const Subscription ofItems = coordinator->items().observe([&] {
+        told += "items with " +
+                std::to_string(coordinator->nativeCounterpartKeys().get().keys().size()) + "; ";
+    });
+    const Subscription ofKeys =
+        coordinator->nativeCounterpartKeys().observe([&] { told += "keys; "; });
+    const Subscription ofEnd = coordinator->isScanning().observe([&] {
+        if (!coordinator->isScanning().get() && !coordinator->scanTask().get() &&
+            coordinator->lastScanDate().get() == date) {
+            date += std::chrono::hours(1);
+            waitForStop();
+            coordinator->startScan();
+        }
+    });
+    engine = [](const auto&, const auto&, const auto&) {
+        return std::vector{sampleItem("A", needsRosetta), sampleItem("A", native)};
+    };
+    coordinator->startScan();
+    queue.drainUntil([&] { return !told.empty(); });
+    EXPECT_EQ(told, "items with 1; keys; ");
+    EXPECT_TRUE(coordinator->isScanning().get() && coordinator->progress().get());
+    auto second = coordinator->scanTask().get();
+    ASSERT_TRUE(second);
+    second->request_stop();
+    finishScan();
+    const std::string lines = log();
+    EXPECT_LT(lines.find("event=scan_completed filtered=2 isScanning=false"),
+              lines.rfind("event=scan_start_requested"));
 }
 
 TEST_F(ScanLifecycle, ACancelledScanLeavesAllButTheSelectionAsItWas) {
@@ -122,12 +155,17 @@ TEST_F(ScanLifecycle, UpdateResultsReachTheItemsThatAreStillThere) {
     coordinator->checkAllUpdates();
     ASSERT_EQ(checks.size(), 2u);
     EXPECT_EQ(resultOf(0), UpdateCheckResult::checking());
+    EXPECT_NE(coordinator->exportJSON().value().find("\"Other\""), std::string::npos);
+    int told = 0;
+    const Subscription subscription = coordinator->items().observe([&] { ++told; });
     EXPECT_EQ(resultOf(1), UpdateCheckResult::notChecked());
     coordinator->checkUpdate(store.id); // overlaps with the first
+    EXPECT_EQ(told, 0) << "it is being checked already";
     checks[2](UpdateCheckResult::upToDate("2"));
     checks[0](UpdateCheckResult::updateAvailable("1"));
     queue.drain();
     EXPECT_EQ(resultOf(0), UpdateCheckResult::updateAvailable("1")) << "the last to finish stands";
+    EXPECT_EQ(told, 2);
 
     ScanItem replaced = feed;
     replaced.id = Uuid::random();
@@ -138,12 +176,15 @@ TEST_F(ScanLifecycle, UpdateResultsReachTheItemsThatAreStillThere) {
 }
 
 TEST_F(ScanLifecycle, TheSeedIsShownOnlyIfItIsAskedFor) {
-    coordinator->applyUITestSeed(std::vector<std::string>{"UITEST_AUTOMATE_PROGRAM_FILTER"});
+    coordinator->applyUITestSeed(
+        std::vector<std::string>{"UITEST_AUTOMATE_PROGRAM_FILTER", "-UITEST_SEED_DATA"});
     EXPECT_FALSE(coordinator->hasScannedOnce().get());
     coordinator->applyUITestSeed(
         std::vector<std::string>{"x", "UITEST_AUTOMATE_PROGRAM_FILTER", "UITEST_SEED_DATA"});
     EXPECT_EQ(shownNames(), (Texts{"Demo Intel App", "Demo Native App"}));
     EXPECT_EQ(coordinator->selectedItem(), coordinator->items().get()[0]);
+    EXPECT_TRUE(coordinator->hasScannedOnce().get());
+    EXPECT_EQ(coordinator->lastScanDate().get(), date);
     const std::string head = " filtered=2 isScanning=false items=2 kindFilter=",
                       tail = " statusFilter=all vendorFilter=none\n";
     const std::string lines = log();
