@@ -51,7 +51,8 @@ void ScanCoordinator::clearUnavailableVendor() {
 }
 
 void ScanCoordinator::sanitizeSelection() {
-    if (!m_selection.get() || selectedItem())
+    const auto& id = m_selection.get();
+    if (!id || lists().shows(*id, filters()))
         return;
     m_selection.set(std::nullopt);
     logEvent("selection_sanitized");
@@ -63,12 +64,16 @@ const ItemLists& ScanCoordinator::lists() const {
     return *m_lists;
 }
 
+ItemFilters ScanCoordinator::filters() const {
+    return {.status = m_statusFilter.get(),
+            .kind = m_kindFilter.get(),
+            .vendor = m_vendorFilter.get(),
+            .searchText = m_searchText.get()};
+}
+
 const ItemReferences& ScanCoordinator::shownItems() const {
     if (!m_shownItems)
-        m_shownItems = lists().filtered({.status = m_statusFilter.get(),
-                                         .kind = m_kindFilter.get(),
-                                         .vendor = m_vendorFilter.get(),
-                                         .searchText = m_searchText.get()});
+        m_shownItems = lists().filtered(filters());
     return *m_shownItems;
 }
 
@@ -77,11 +82,10 @@ ItemReferences ScanCoordinator::filteredItems() const {
 }
 
 std::optional<ScanItem> ScanCoordinator::selectedItem() const {
-    const auto item = std::ranges::find(shownItems(), m_selection.get(),
-                                        [](const ScanItem* shown) { return shown->id; });
-    if (item == shownItems().end())
+    const auto& id = m_selection.get();
+    if (!id || !lists().shows(*id, filters()))
         return std::nullopt;
-    return **item;
+    return m_items.get()[*lists().indexOf(*id)];
 }
 
 ItemReferences ScanCoordinator::statusFilteredItems() const {

@@ -8,6 +8,7 @@
 #include <array>
 #include <numeric>
 #include <tuple>
+#include <utility>
 
 namespace veridane {
 namespace {
@@ -44,23 +45,53 @@ ItemLists::ItemLists(std::span<const ScanItem> items, const NativeCounterparts& 
         m_texts += searchedText(items[i]);
         m_entries.push_back({&items[i], m_urgencies[i], m_texts.size()});
     }
+    m_byIdentifier = std::move(order);
+    std::iota(m_byIdentifier.begin(), m_byIdentifier.end(), std::size_t{0});
+    // Of several with the same, as a file may have them, the first one counts.
+    std::ranges::sort(m_byIdentifier, {}, [this](std::size_t place) {
+        return std::pair(m_entries[place].item->id, m_entries[place].item);
+    });
 }
 
 ItemReferences ItemLists::filtered(const ItemFilters& filters) const {
     const std::string query = text::lowercased(filters.searchText);
     ItemReferences result;
     for (std::size_t place = 0; place < m_entries.size(); ++place) {
-        const Entry& entry = m_entries[place];
-        if (!passes(entry.urgency, filters.status))
-            continue;
-        if (filters.kind && entry.item->kind != *filters.kind)
-            continue;
-        if (filters.vendor && entry.item->vendor != filters.vendor)
-            continue;
-        if (text::contains(textOf(place), query))
-            result.push_back(entry.item);
+        if (isShown(place, filters, query))
+            result.push_back(m_entries[place].item);
     }
     return result;
+}
+
+bool ItemLists::shows(const Uuid& id, const ItemFilters& filters) const {
+    const auto place = placeOf(id);
+    return place && isShown(*place, filters, text::lowercased(filters.searchText));
+}
+
+bool ItemLists::isShown(std::size_t place, const ItemFilters& filters,
+                        std::string_view query) const {
+    const Entry& entry = m_entries[place];
+    return passes(entry.urgency, filters.status) &&
+           (!filters.kind || entry.item->kind == filters.kind) &&
+           (!filters.vendor || entry.item->vendor == filters.vendor) &&
+           text::contains(textOf(place), query);
+}
+
+std::optional<std::size_t> ItemLists::indexOf(const Uuid& id) const {
+    const auto place = placeOf(id);
+    if (!place)
+        return std::nullopt;
+    return static_cast<std::size_t>(m_entries[*place].item - m_items.data());
+}
+
+std::optional<std::size_t> ItemLists::placeOf(const Uuid& id) const {
+    const auto idAt = [this](std::size_t place) -> const Uuid& {
+        return m_entries[place].item->id;
+    };
+    const auto found = std::ranges::lower_bound(m_byIdentifier, id, {}, idAt);
+    if (found == m_byIdentifier.end() || idAt(*found) != id)
+        return std::nullopt;
+    return *found;
 }
 
 std::string_view ItemLists::textOf(std::size_t place) const {

@@ -39,6 +39,12 @@ public:
     /// What passes all filters, by urgency and then by name; equal ones in the order of the items.
     [[nodiscard]] ItemReferences filtered(const ItemFilters& filters) const;
 
+    /// Where the item with that identifier stands among the items.
+    [[nodiscard]] std::optional<std::size_t> indexOf(const Uuid& id) const;
+
+    /// Whether `filtered` has the item with that identifier, without making the list.
+    [[nodiscard]] bool shows(const Uuid& id, const ItemFilters& filters) const;
+
     /// In the order of the items.
     [[nodiscard]] ItemReferences statusFiltered(StatusFilter filter) const;
 
@@ -63,12 +69,16 @@ private:
         std::size_t textEnd = 0; // in `m_texts`; it begins where the one before ends
     };
 
+    [[nodiscard]] std::optional<std::size_t> placeOf(const Uuid& id) const;
     [[nodiscard]] std::string_view textOf(std::size_t place) const;
+    [[nodiscard]] bool isShown(std::size_t place, const ItemFilters& filters,
+                               std::string_view query) const;
 
     std::span<const ScanItem> m_items;
     std::vector<Urgency> m_urgencies; // of each item
     std::vector<Entry> m_entries;
-    std::string m_texts; // what is searched, in lower case, one after the other
+    std::vector<std::size_t> m_byIdentifier; // places of entries
+    std::string m_texts;                     // what is searched, in lower case, one after the other
 };
 
 } // namespace veridane

@@ -3,12 +3,10 @@
 #include "coordination/DemoItems.h"
 #include "coordination/ExternalAddresses.h"
 #include "platform/Language.h"
-#include "platform/Locale.h"
 #include "reports/ReportExporter.h"
 #include "updates/UpdateChecker.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
 namespace veridane {
@@ -124,31 +122,29 @@ void ScanCoordinator::writeItems(std::vector<ScanItem> items) {
 
 // Nothing that is derived from the items depends on this one field, so all of it stays.
 bool ScanCoordinator::writeUpdateResult(Uuid id, const UpdateCheckResult& result) {
-    bool isKnown = false;
+    const auto place = lists().indexOf(id);
+    if (!place)
+        return false;
     m_items.change([&](std::vector<ScanItem>& items) {
-        const auto item = std::ranges::find(items, id, &ScanItem::id);
-        isKnown = item != items.end();
-        if (!isKnown || item->updateResult == result)
-            return false;
-        item->updateResult = result;
-        return true;
+        UpdateCheckResult& written = items[*place].updateResult;
+        return std::exchange(written, result) != result;
     });
-    if (isKnown)
-        sanitizeSelection();
-    return isKnown;
+    sanitizeSelection();
+    return true;
 }
 
 void ScanCoordinator::checkUpdate(Uuid id) {
     if (!writeUpdateResult(id, UpdateCheckResult::checking()))
         return;
-    const auto item = std::ranges::find(m_items.get(), id, &ScanItem::id);
-    if (item == m_items.get().end())
+    const auto place = lists().indexOf(id);
+    if (!place)
         return; // an observer has written other items
-    m_services.checkUpdate(*item, [id, weak = WeakReference(*this)](UpdateCheckResult result) {
-        weak.post([id, result = std::move(result)](ScanCoordinator& self) {
-            self.writeUpdateResult(id, result);
-        });
-    });
+    m_services.checkUpdate(m_items.get()[*place],
+                           [id, weak = WeakReference(*this)](UpdateCheckResult result) {
+                               weak.post([id, result = std::move(result)](ScanCoordinator& self) {
+                                   self.writeUpdateResult(id, result);
+                               });
+                           });
 }
 
 void ScanCoordinator::checkAllUpdates() {

@@ -164,6 +164,7 @@ private:
     void clearUnavailableVendor();
     void sanitizeSelection();
     [[nodiscard]] const ItemLists& lists() const;
+    [[nodiscard]] ItemFilters filters() const;
     [[nodiscard]] const ItemReferences& shownItems() const;
 
     CoordinatorServices m_services;
