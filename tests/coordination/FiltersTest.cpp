@@ -60,7 +60,8 @@ TEST_F(Filters, TheRememberedListsEqualFreshOnesAfterEveryWrite) {
     };
     const std::string names[] = {"Mail", "MAIL", "Äpfel", "apfel", "Zeta", "İstanbul", "ΟΔΟΣ", ""};
     const std::optional<std::string> vendors[] = {std::nullopt, "", "Acme", "acme"};
-    const std::string searches[] = {"", "mail", "APFEL acme", "οδος", " ", "/applications/1", "i̇"};
+    const std::string searches[] = {"",  "mail", "APFEL acme", "οδος", " ", "/applications/1",
+                                    "i̇", "1m"};
     const auto anyItems = [&] {
         std::vector<ScanItem> items;
         for (int i = 0; i < 60; ++i) {
@@ -108,7 +109,7 @@ TEST_F(Filters, CountsAndChoicesObeyTheirOwnFiltersAlone) {
           item("c", native, ItemKind::audioPlugin, "Apple"),
           item("d", native, ItemKind::audioPlugin, "Apple"),
           item("e", native, ItemKind::audioPlugin, ""), item("f", native, ItemKind::audioPlugin),
-          item("g", needsRosetta, ItemKind::application, "Apple"),
+          item("g", needsRosetta, ItemKind::audioPlugin, "Apple"),
           item("h", incompatible, ItemKind::application),
           item("i", unknown, ItemKind::application)});
     coordinator->setSearchText("nowhere");
@@ -147,9 +148,12 @@ TEST_F(Filters, AVendorStaysAsLongAsTheOtherFiltersLeaveSomethingOfIt) {
     EXPECT_EQ(vendor(), std::nullopt);
 
     coordinator->setStatusFilter(StatusFilter::all);
-    coordinator->setVendorFilter("Acme");
-    coordinator->setKindFilter(std::nullopt);
-    EXPECT_EQ(vendor(), std::nullopt);
+    for (const auto& kind : {std::optional<ItemKind>(), std::optional(ItemKind::application)}) {
+        coordinator->setKindFilter(ItemKind::audioPlugin);
+        coordinator->setVendorFilter("Acme");
+        coordinator->setKindFilter(kind);
+        EXPECT_EQ(vendor(), std::nullopt);
+    }
 
     coordinator->setKindFilter(ItemKind::audioPlugin);
     coordinator->setVendorFilter("Acme");
@@ -159,24 +163,42 @@ TEST_F(Filters, AVendorStaysAsLongAsTheOtherFiltersLeaveSomethingOfIt) {
 }
 
 TEST_F(Filters, WhatIsHiddenLosesTheSelectionOnce) {
-    const ScanItem kept = item("Kept", native, ItemKind::application);
+    const ScanItem kept = item("Kept", needsRosetta, ItemKind::audioPlugin, "Acme");
     const ScanItem hidden = item("Hidden", native, ItemKind::application);
     coordinator->setSearchText("x"); // nothing to select, nothing to clear
-    coordinator->setSearchText("");
     show({kept, hidden});
+    const std::function<void()> writes[] = {
+        [&] { coordinator->setStatusFilter(StatusFilter::needsAttention); },
+        [&] { coordinator->setKindFilter(ItemKind::audioPlugin); },
+        [&] { coordinator->setVendorFilter("Acme"); },
+        [&] { coordinator->setSearchText("KEPT"); },
+    };
+    const auto selection = [&] {
+        return coordinator->selection().get();
+    };
+    for (const auto& write : writes) {
+        coordinator->setStatusFilter(StatusFilter::all);
+        coordinator->setKindFilter(std::nullopt);
+        coordinator->setSearchText("");
+        EXPECT_EQ(selection(), std::nullopt) << "nothing brings it back";
+        coordinator->setSelection(hidden.id);
+        EXPECT_EQ(coordinator->selectedItem(), hidden);
+        write();
+        EXPECT_EQ(selection(), std::nullopt) << &write - writes;
+        coordinator->setSelection(hidden.id);
+        EXPECT_EQ(selection(), hidden.id) << "a write of its own clears nothing";
+        EXPECT_EQ(coordinator->selectedItem(), std::nullopt);
+        write(); // the same value
+        EXPECT_EQ(selection(), std::nullopt) << &write - writes;
+    }
     coordinator->setSelection(hidden.id);
-    EXPECT_EQ(coordinator->selectedItem(), hidden);
-    coordinator->setSearchText("kept");
-    EXPECT_EQ(coordinator->selection().get(), std::nullopt);
-    coordinator->setSearchText("");
-    EXPECT_EQ(coordinator->selectedItem(), std::nullopt);
-
+    coordinator->checkUpdate(kept.id); // writes the items
+    EXPECT_EQ(selection(), std::nullopt);
+    coordinator->startScan();
     coordinator->setSelection(hidden.id);
-    show({kept}); // clears it at its start
-    coordinator->setSelection(hidden.id);
-    coordinator->setStatusFilter(StatusFilter::all); // writes the same value
-    EXPECT_EQ(coordinator->selection().get(), std::nullopt);
-    EXPECT_EQ(sanitized(log()), 2u);
+    finishScan();
+    EXPECT_EQ(selection(), std::nullopt);
+    EXPECT_EQ(sanitized(log()), 10u);
 }
 
 TEST_F(Filters, ATwinMovesAnItemToAnotherFilter) {
@@ -192,6 +214,22 @@ TEST_F(Filters, ATwinMovesAnItemToAnotherFilter) {
     EXPECT_EQ(coordinator->count(StatusFilter::switchToNative), 2u);
     EXPECT_TRUE(coordinator->hasNativeCounterpart(twin)) << "identifier and name decide alone";
     EXPECT_EQ(coordinator->count(StatusFilter::needsAttention), 0u);
+}
+
+TEST(StatusFilter, EachHasItsNameInTheLogAndItsLabel) {
+    const std::pair<std::string, std::string> expected[] = {
+        {"all", "Alle"},
+        {"needsAttention", "Handlungsbedarf"},
+        {"breaksOnMacOS28", "Benötigt Rosetta 2"},
+        {"partiallyAffected", "Teilweise betroffen"},
+        {"switchToNative", "Native verfügbar"},
+        {"ready", "Bereit"},
+        {"notRelevant", "Kein Rosetta-Thema"},
+    };
+    for (std::size_t i = 0; i < statusFilterCount; ++i) {
+        const auto filter = static_cast<StatusFilter>(i);
+        EXPECT_EQ(std::pair(std::string(rawString(filter)), displayName(filter)), expected[i]);
+    }
 }
 
 TEST_F(Filters, ALineFeedInAFilterStaysInItsLogLine) {

@@ -50,7 +50,7 @@ TEST(NativeCounterparts, PairByIdentifierOrByNameAndKind) {
     using enum CompatibilityStatus;
     const ScanItem items[] = {item("Tool 8", needsRosetta, "com.acme.tool"),
                               item("Tool 9", native, "com.acme.tool"),
-                              item("ÄPFEL", needsRosetta),
+                              item("ÄPFEL", needsRosetta, "com.acme.apfel"),
                               item("äpfel", native, "com.acme.apples"),
                               item("Cased", needsRosetta, "com.acme.Case"),
                               item("Other", native, "com.acme.case"),

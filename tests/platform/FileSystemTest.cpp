@@ -125,6 +125,21 @@ TEST_F(Files, OnlyRegularFilesWithinTheLimitAreReadWhole) {
     EXPECT_EQ(FileSystem("/dev").readWhole(Path("/zero"), 100), std::nullopt);
 }
 
+TEST_F(Files, AWalkEndsInTheMiddleOnceAStopIsRequested) {
+    volume.file("/r/a/x", "").file("/r/b", "");
+    std::stop_source stop;
+    struct Stopper : Recorder {
+        explicit Stopper(std::stop_source& s) : source(s) {}
+        Next visit(const WalkEntry& entry) override {
+            source.request_stop();
+            return Recorder::visit(entry);
+        }
+        std::stop_source& source;
+    } stopper(stop);
+    EXPECT_TRUE(volume.files().stoppingAt(stop.get_token()).walk(Path("/r"), stopper));
+    EXPECT_EQ(stopper.seen, Texts{"a"});
+}
+
 TEST_F(Files, AWalkMeetsAFolderBeforeItsContentsAndFollowsNoLink) {
     volume.file("/r/a.txt", "abc").file("/r/a/z", "abc").file("/r/a/b/c", "").file("/r/b", "x");
     volume.file("/r/closed/x", "abc").link("/r/loop", ".").file("/r/.hidden/x", "abc");
