@@ -31,7 +31,8 @@ struct CoordinatorServices {
     Workspace& workspace;
     const SystemQueries& system;
 
-    /// The scan engine. Called on a thread of its own; ends early once a stop is requested.
+    /// The scan engine. Called on a thread of its own; ends early once a stop is requested. May
+    /// call `onProgress` on any thread until it returns.
     std::function<std::vector<ScanItem>(const ScanOptions& options,
                                         const std::function<void(const ScanProgress&)>& onProgress,
                                         const std::stop_token& stop)>
@@ -47,9 +48,9 @@ struct CoordinatorServices {
 
 /// The one owner of everything that a window shows about a scan: the items, the running scan, the
 /// filters and the selection. Lives on the main thread, with all its observers; what is computed
-/// elsewhere comes back through the main queue. It can be destroyed at any moment: a running scan
-/// is stopped and waited for, saves and log lines under way are finished, and update checks that
-/// end later are dropped.
+/// elsewhere comes back through the main queue. It can be destroyed at any moment, only not by one
+/// of its observers: a running scan is stopped and waited for, saves and log lines under way are
+/// finished, and update checks that end later are dropped.
 class ScanCoordinator {
 public:
     /// Restores the kept scan, if there is a usable one. The log goes to `logDirectory`, or nowhere
@@ -190,7 +191,7 @@ private:
     mutable std::optional<ItemLists> m_lists;
     mutable std::optional<ItemReferences> m_shownItems;
 
-    std::shared_ptr<ScanCoordinator*> m_self; // gone first, seen by tasks that come too late
+    std::shared_ptr<ScanCoordinator*> m_self; // tasks that come too late find it gone
     std::jthread m_scanThread;                // last: it is joined while all the rest is there
 };
 

@@ -29,10 +29,11 @@ void SerialWorker::run() {
         m_changed.wait(lock, [this] { return m_isEnding || !m_tasks.empty(); });
         if (m_tasks.empty())
             return;
-        const std::function<void()> task = std::move(m_tasks.front());
+        std::function<void()> task = std::move(m_tasks.front());
         m_tasks.pop_front();
         lock.unlock();
         task();
+        task = nullptr; // before the lock: what it holds may post when it goes, or take its time
         lock.lock();
     }
 }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <thread>
@@ -81,6 +82,18 @@ TEST(SerialWorker, FinishesEverythingInOrderBeforeItGoes) {
     }
     EXPECT_EQ(ran.size(), 101u);
     EXPECT_TRUE(ran.starts_with("0123456789012") && ran.ends_with("789!")) << ran;
+}
+
+TEST(SerialWorker, WhatATaskHoldsMayPostWhenItGoes) {
+    bool ran = false;
+    {
+        SerialWorker worker;
+        const auto postAtEnd = [&](void*) {
+            worker.post([&] { ran = true; });
+        };
+        worker.post([held = std::shared_ptr<void>(nullptr, postAtEnd)] {});
+    }
+    EXPECT_TRUE(ran);
 }
 
 } // namespace
