@@ -25,7 +25,7 @@ public:
     [[nodiscard]] std::string text() const;
 
     bool operator==(const Uuid&) const = default;
-    auto operator<=>(const Uuid&) const = default;
+    auto operator<=>(const Uuid& other) const { return m_bytes <=> other.m_bytes; }
 
 private:
     std::array<std::uint8_t, 16> m_bytes{};
