@@ -11,9 +11,20 @@ namespace {
 
 using Json = nlohmann::json;
 
+constexpr int maxDepth = 512; // deeper ones are refused
+
 /// The slow and obvious way: the whole document first.
 std::optional<std::string> versionInDocument(std::string_view body) {
-    const Json answer = Json::parse(body, nullptr, /*allow_exceptions=*/false);
+    bool isTooDeep = false;
+    const auto watch = [&](int depth, Json::parse_event_t event, Json&) {
+        const bool opens =
+            event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
+        isTooDeep = isTooDeep || (opens && depth >= maxDepth);
+        return true;
+    };
+    const Json answer = Json::parse(body, watch, /*allow_exceptions=*/false);
+    if (isTooDeep)
+        return std::nullopt;
     const Json results = answer.is_object() ? answer.value("results", Json()) : Json();
     const auto isObject = [](const Json& result) {
         return result.is_object();
