@@ -8,7 +8,8 @@
 #include "updates/UpdateChecker.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <optional>
+#include <utility>
 
 namespace veridane::cli {
 
