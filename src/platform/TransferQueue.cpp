@@ -1,7 +1,5 @@
 #include "platform/TransferQueue.h"
 
-#include "platform/CurlTransfer.h"
-
 #include <cassert>
 #include <utility>
 

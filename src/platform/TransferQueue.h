@@ -1,13 +1,13 @@
 #pragma once
 
+#include "platform/CurlTransfer.h"
+
 #include <deque>
 #include <map>
 #include <memory>
 #include <string>
 
 namespace veridane {
-
-class CurlTransfer;
 
 /// The transfers that wait for their turn. curl has such a queue as well, but tries just one of
 /// those in it when a connection gets free: if that one is for a busy host, the connection stays
