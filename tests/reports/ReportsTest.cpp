@@ -1,4 +1,5 @@
 #include "reports/ReportExporter.h"
+#include "support/ItemSamples.h"
 
 #include <gtest/gtest.h>
 
@@ -9,15 +10,12 @@ const std::string csvHeader =
     "Name;Art;Status;Architektur;VersteckteRosettaHelfer;Hersteller;TeamID;Version;Build;Kategorie;"
     "UpdateQuelle;UpdateErgebnis;Pfad";
 
-ScanItem item(std::string name, const std::vector<CPUArch>& architectures,
+ScanItem item(const std::string& name, const std::vector<CPUArch>& architectures,
               std::vector<std::string> components = {}) {
-    ScanItem item;
-    item.name = std::move(name);
-    item.kind = ItemKind::application;
-    item.architecture = {architectures, !architectures.empty()};
-    item.status = item.architecture.compatibilityStatus();
+    const ArchitectureReport report{architectures, !architectures.empty()};
+    ScanItem item = test::sampleItem(name, report.compatibilityStatus());
+    item.architecture = report;
     item.intelComponents = std::move(components);
-    item.path = "/Applications/" + item.name + ".app";
     return item;
 }
 
@@ -33,14 +31,10 @@ std::vector<ScanItem> sampleItems() {
     full.updateSource = UpdateSource::sparkle;
     full.updateResult = UpdateCheckResult::checking();
     using enum CPUArch;
-    const ScanItem wrapper = item("zebra", {}), half = item("Halb", {arm64, x86_64}, {"b", "c"});
-    return {full,
-            wrapper,
-            half,
-            item("Äpfel", {x86_64}),
-            item("apfel", {x86_64, i386}),
-            item("Apfel", {x86_64}),
-            item("Alt", {ppc})};
+    const ScanItem wrapper = item("zebra", {}), half = item("Halb", {arm64, x86_64}, {"b", "c"}),
+                   umlaut = item("Äpfel", {x86_64}), lower = item("apfel", {x86_64, i386}),
+                   upper = item("Apfel", {x86_64}), old = item("Alt", {ppc});
+    return {full, wrapper, half, umlaut, lower, upper, old};
 }
 
 const Setting setting{*parseISO8601("2027-03-01T22:30:00Z"), "de_DE", "Asia/Tokyo"};

@@ -70,15 +70,13 @@ TEST_F(Targets, ALaunchPlistIsReducedToItsProgram) {
          {target("/tool", "org.x")}},
         {"arguments, no label", {{"ProgramArguments", arguments}}, {target("/tool", "tool")}},
         {"empty label", {{"Label", ""}, {"ProgramArguments", arguments}}, {target("/tool", "")}},
-        {"no label, a linked program", {{"Program", "/link"}}, {target("/link", "link")}},
-        {"no text", {{"Program", 7}, {"ProgramArguments", arguments}}, {target("/tool", "tool")}},
         {"a relative one", {{"Program", "tool"}, {"ProgramArguments", arguments}}, {}},
         {"an argument that is no text", {{"ProgramArguments", PlistList{"/tool", 7}}}, {}},
         {"no arguments", {{"ProgramArguments", PlistList{}}}, {}},
         {"inside an application", {{"Program", "/Foo.app/Contents/MacOS/Foo"}}, {}},
         {"missing program", {{"Program", "/gone"}}, {}},
     };
-    volume.file("/tool", "").link("/link", "tool").file("/Foo.app/Contents/MacOS/Foo", "");
+    volume.file("/tool", "").file("/Foo.app/Contents/MacOS/Foo", "");
     volume.file("/Library/LaunchDaemons/damaged.plist", "bplist00");
     volume.fifo("/Library/LaunchDaemons/fifo.plist");
     for (const auto& c : cases) {
