@@ -1,10 +1,10 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/Descriptor.h"
+#include "support/ProcessLimit.h"
 #include "support/VolumeTest.h"
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -66,14 +66,11 @@ TEST_F(AtomicFile, AFailureLeavesTheOldFileAndNothingElse) {
 
     // A limit on file sizes stands for a disk that fills up half way.
     const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit old{};
-    ::getrlimit(RLIMIT_FSIZE, &old);
-    const rlimit small{100, old.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    const auto failure = writeFileAtomically(at("/cache"), std::string(1000, 'x'));
-    ::setrlimit(RLIMIT_FSIZE, &old);
+    {
+        const ProcessLimit small(RLIMIT_FSIZE, 100);
+        EXPECT_EQ(writeFileAtomically(at("/cache"), std::string(1000, 'x')), "File too large");
+    }
     std::signal(SIGXFSZ, oldHandler);
-    EXPECT_EQ(failure, "File too large");
     EXPECT_EQ(content("/cache"), "old");
     EXPECT_EQ(fileCount(), 1);
 }

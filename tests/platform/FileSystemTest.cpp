@@ -2,10 +2,9 @@
 
 #include "platform/Descriptor.h"
 #include "platform/WalkVisitor.h"
+#include "support/ProcessLimit.h"
 #include "support/VolumeTest.h"
 
-#include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,37 +14,26 @@
 namespace veridane::test {
 namespace {
 
-/// Notes what it meets, and tags files of three bytes until a folder has `enough` of them.
+/// Notes what it meets, and tags the first file of three bytes in each folder.
 struct Recorder : WalkVisitor {
-    explicit Recorder(WalkDetail wanted = WalkDetail::classifying, std::size_t enough = SIZE_MAX)
-        : m_wanted(wanted), m_enough(enough) {}
+    explicit Recorder(WalkDetail wanted = WalkDetail::classifying) : m_wanted(wanted) {}
 
     Next visit(const WalkEntry& entry) override {
         seen.emplace_back(entry.relativePath);
         tags += entry.tag;
+        if (entry.name == "stop")
+            stop.request_stop();
         return entry.name == "closed" ? Next::skipDescendants : Next::descend;
     }
     [[nodiscard]] WalkDetail detail(std::size_t tagged) const override {
-        return tagged < m_enough ? m_wanted : WalkDetail::sizes;
+        return tagged == 0 ? m_wanted : WalkDetail::sizes;
     }
     std::uint8_t classify(const FileHead& file) override { return file.first().size() == 3; }
 
     WalkDetail m_wanted;
-    std::size_t m_enough;
     Texts seen;
     int tags = 0;
-};
-
-/// While it lives, this process has fewer descriptors.
-struct FewDescriptors {
-    explicit FewDescriptors(rlim_t count) {
-        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-        const rlimit few{count, before.rlim_max};
-        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
-    }
-    ~FewDescriptors() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0); }
-
-    rlimit before{};
+    std::stop_source stop;
 };
 
 using Files = VolumeTest;
@@ -126,22 +114,15 @@ TEST_F(Files, OnlyRegularFilesWithinTheLimitAreReadWhole) {
 }
 
 TEST_F(Files, AWalkEndsInTheMiddleOnceAStopIsRequested) {
-    volume.file("/r/a/x", "").file("/r/b", "");
-    std::stop_source stop;
-    struct Stopper : Recorder {
-        explicit Stopper(std::stop_source& s) : source(s) {}
-        Next visit(const WalkEntry& entry) override {
-            source.request_stop();
-            return Recorder::visit(entry);
-        }
-        std::stop_source& source;
-    } stopper(stop);
-    EXPECT_TRUE(volume.files().stoppingAt(stop.get_token()).walk(Path("/r"), stopper));
-    EXPECT_EQ(stopper.seen, Texts{"a"});
+    volume.file("/r/stop/x", "").file("/r/z", "");
+    Recorder recorder;
+    const FileSystem files = volume.files().stoppingAt(recorder.stop.get_token());
+    EXPECT_TRUE(files.walk(Path("/r"), recorder));
+    EXPECT_EQ(recorder.seen, Texts{"stop"});
 }
 
-TEST_F(Files, AWalkMeetsAFolderBeforeItsContentsAndFollowsNoLink) {
-    volume.file("/r/a.txt", "abc").file("/r/a/z", "abc").file("/r/a/b/c", "").file("/r/b", "x");
+TEST_F(Files, AWalkMeetsAFolderBeforeItsContentsAndFollowsAndReadsNoMoreThanItShould) {
+    volume.file("/r/a.txt", "abc").file("/r/a/z", "abc").file("/r/a/b/c", "").file("/r/b", "abc");
     volume.file("/r/closed/x", "abc").link("/r/loop", ".").file("/r/.hidden/x", "abc");
     volume.link("/to-r", "r");
     for (const auto detail : {WalkDetail::names, WalkDetail::sizes, WalkDetail::classifying}) {
@@ -165,7 +146,7 @@ TEST_F(Files, FiveThousandLevelsAreWalkedAndLeftWithFewDescriptors) {
     volume.file("/r/z/end", "abc");
 
     Recorder recorder;
-    const FewDescriptors few(64);
+    const ProcessLimit few(RLIMIT_NOFILE, 64);
     volume.files().walk(Path("/r"), recorder);
     EXPECT_EQ(recorder.seen.size(), 5003U);
     EXPECT_EQ(recorder.tags, 2);
@@ -180,18 +161,10 @@ TEST_F(Files, ForWantOfDescriptorsNothingBreaksAndWithAFewNoFileIsMissedAtAnyDep
     const auto firstFree = static_cast<rlim_t>(Descriptor(::dup(STDERR_FILENO)).get());
     for (rlim_t spare = 0; spare < 34; ++spare) {
         Recorder recorder;
-        const FewDescriptors few(firstFree + spare);
+        const ProcessLimit few(RLIMIT_NOFILE, firstFree + spare);
         const bool walked = files.walk(Path("/r"), recorder);
         EXPECT_TRUE(spare < 6 || (walked && recorder.tags == 40)) << spare << recorder.tags;
     }
-}
-
-TEST_F(Files, AFolderIsReadNoFurtherThanTheVisitorWants) {
-    for (int i = 0; i < 100; ++i)
-        volume.file("/r/" + std::to_string(i), "abc");
-    Recorder recorder(WalkDetail::classifying, 7);
-    volume.files().walk(Path("/r"), recorder);
-    EXPECT_EQ(recorder.tags, 7);
 }
 
 TEST_F(Files, APathOfNothingButDetoursLeadsNowhereSoon) {

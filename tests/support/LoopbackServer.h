@@ -4,14 +4,16 @@
 
 #include <condition_variable>
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
+
+typedef struct bio_st BIO;
 
 namespace veridane::test {
 
@@ -39,25 +41,28 @@ public:
         std::string head;   // as received, with the empty line at its end
     };
 
-    /// What a handler does to its client. After the peer or the server has ended the connection, or
-    /// one of the last three functions has, all of it does nothing.
+    /// What a handler does to its client. Once the connection has ended, all of it does nothing.
     class Connection {
     public:
-        virtual ~Connection() = default;
+        /// Owns the socket.
+        Connection(int socket, const TlsIdentity* identity);
 
         /// Bytes as they are. False if they cannot all be sent.
-        virtual bool send(std::string_view bytes) = 0;
+        bool send(std::string_view bytes);
         /// Sends a whole answer, see `answerText`.
         void answer(int status, std::string_view body = {}, std::string_view headers = {});
-        /// Says nothing until the server has got this many requests in all.
-        virtual void waitForRequests(std::size_t count) = 0;
-        /// Says nothing until the peer goes away.
-        virtual void stall() = 0;
         /// The same bytes again and again until the peer goes away.
         void sendEndlessly(std::string_view bytes);
-        virtual void close() = 0;
-        /// Ends it with an error for the peer.
-        virtual void reset() = 0;
+        /// Says nothing until the peer goes away.
+        void stall();
+        void close();
+        /// Waits for the next request. False if there will be none.
+        bool receive(Request& request);
+
+    private:
+        int m_socket;
+        std::unique_ptr<BIO, void (*)(BIO*)> m_stream;
+        std::string m_received; // and not yet used
     };
 
     using Handler = std::function<void(const Request&, Connection&)>;
@@ -71,7 +76,6 @@ public:
 
     [[nodiscard]] std::string url(std::string_view path = "/",
                                   std::string_view host = "127.0.0.1") const;
-    [[nodiscard]] std::uint16_t port() const { return m_port; }
 
     /// Returns when the server has got this many requests in all, or ends.
     void waitForRequests(std::size_t count);
@@ -81,21 +85,20 @@ public:
 
     /// What makes a client trust the server; only with TLS. It is made out for 127.0.0.1 and
     /// localhost, and the other addresses are wrong names.
-    [[nodiscard]] const std::string& caFile() const;
+    [[nodiscard]] std::string caFile() const;
 
 private:
-    class Session;
-
     void acceptConnections();
+    void serve(int socket);
 
     Handler m_handler;
     std::unique_ptr<TlsIdentity> m_identity;
-    std::uint16_t m_port = 0;
     Descriptor m_listener;
-    Descriptor m_stop; // readable as soon as everything has to end
+    std::string m_port;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::vector<std::string> m_heads;
+    std::set<int> m_sockets; // of the connections, while they are open
     bool m_isStopping = false;
     std::vector<std::thread> m_sessions; // only for m_acceptor, until that has ended
     std::thread m_acceptor;

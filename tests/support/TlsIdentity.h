@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/VolumeBuilder.h"
+
 #include <memory>
 #include <string>
 
@@ -11,19 +13,16 @@ namespace veridane::test {
 class TlsIdentity {
 public:
     TlsIdentity();
-    ~TlsIdentity();
-    TlsIdentity(const TlsIdentity&) = delete;
-    TlsIdentity& operator=(const TlsIdentity&) = delete;
 
     /// For the connections of a server.
     [[nodiscard]] SSL_CTX* context() const { return m_context.get(); }
 
     /// The certificate as PEM, for as long as this lives.
-    [[nodiscard]] const std::string& caFile() const { return m_caFile; }
+    [[nodiscard]] std::string caFile() const { return m_folder.hostPath("/ca.pem"); }
 
 private:
+    VolumeBuilder m_folder;
     std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> m_context;
-    std::string m_caFile;
 };
 
 } // namespace veridane::test
