@@ -41,7 +41,7 @@ using Files = VolumeTest;
 TEST_F(Files, PathsAreFollowedInsideTheRootAlone) {
     volume.file("/etc/inside", "yes").folder("/deep/er").file("/deep/file", "");
     volume.link("/absolute", "/etc/inside").link("/deep/up", "../../../../etc/inside");
-    volume.link("/folder", "deep/er").link("/a", "b").link("/b", "a");
+    volume.link("/folder", "deep/er");
     volume.link("/deep/root", "/").link("/empty-handed", "/etc/gone").link("/hop0", "/etc/inside");
     for (int i = 1; i <= 40; ++i)
         volume.link("/hop" + std::to_string(i), "hop" + std::to_string(i - 1));
@@ -59,7 +59,6 @@ TEST_F(Files, PathsAreFollowedInsideTheRootAlone) {
         {"/deep/root/etc/inside", true, "/etc/inside"},
         {"/hop39", true, "/etc/inside"},
         {"/hop40", false, "/hop40"},
-        {"/a", false, "/a"},
         {"/empty-handed", false, "/etc/gone"},
         {"/etc/inside/below", false, "/etc/inside/below"},
     };

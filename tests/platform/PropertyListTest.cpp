@@ -96,7 +96,6 @@ TEST(PropertyList, GivesTheTextsOfBothForms) {
         {binary({ascii(repeated("x", 300))}), repeated("x", 300)},
         {binary({ascii("a\xE4")}), "a\uFFFD"},
         {binary({object(0x6, 3, std::string("\0x\0\0\x20\xAC", 6))}), std::string("x\0€", 5)},
-        {binary({"\x09"}), "no text"},
         {binary({array({1, 1, 4, 4}), "", array({1})}), "no text"}, // shared objects
     };
     for (const auto& [bytes, expected] : cases)
@@ -132,8 +131,6 @@ TEST(PropertyList, ADamagedOrHostileListIsNone) {
     const std::pair<const char*, std::string> cases[] = {
         {"no list", "#!/bin/sh\n"},
         {"the root is no dictionary", "<plist><array/></plist>"},
-        {"the binary root is no dictionary", changed(16, bigEndian(1, 8))},
-        {"deep XML", xml(repeated("<array>", many) + repeated("</array>", many))},
         {"deep, with ends in comments",
          xml(repeated("<array><!--</array>-->", 600) + repeated("</array>", 600))},
         {"deep, with ends in quotes", xml(repeated("<array><?a \" ?></array><?a \" ?>", 600) +
