@@ -21,6 +21,7 @@ TEST(Text, EachOperationGivesValidTextByUnicodesRules) {
         std::string given, expected;
     } cases[] = {
         {text::validUtf8, "日\U0001F600 \xFFz, cut \xE6\x97", "日\U0001F600 \uFFFDz, cut \uFFFD"},
+        {text::validUtf8, "\xC0\xAF \xED\xA0\x80", "\uFFFD\uFFFD \uFFFD\uFFFD\uFFFD"},
         {text::validUtf8, std::string("\xFF\0z", 3), std::string("\uFFFD\0z", 5)},
         {text::lowercased, "ÄÖÜ ΑΒΓ TITLE\xFF", "äöü αβγ title\uFFFD"},
         {text::capitalized, "foo-bar foo_bar EXAMPLE", "Foo-Bar Foo_Bar Example"},
@@ -41,7 +42,9 @@ TEST(Collation, OrdersNamesAsPeopleDo) {
     const Collation german("de_DE");
     const std::string common(500, 'x'); // more than the usual length of a key
     const std::pair<std::string, std::string> pairs[] = {
-        {"alpha", "Beta"}, {"Apfel", "Äpfel"}, {"Äpfel", "azur"}, {common + "A", common + "b"}};
+        {"alpha", "Beta"}, {"Alpha", "beta"},  {"Apfel", "Äpfel"}, {"Äpfel", "Azur"},
+        {"", "a"},         {"Foo", "Foo Bar"}, {"ö", "z"},         {common + "A", common + "b"},
+    };
     for (const auto& [before, after] : pairs)
         EXPECT_LT(german.key(before), german.key(after)) << before;
     EXPECT_EQ(german.key("ÄPFEL"), german.key("a\u0308pfel")) << "composed or not, in any case";
@@ -82,6 +85,14 @@ TEST(Locale, DatesAndSizesReadAsInTheCountry) {
         EXPECT_EQ(formatByteCount(bytes, "de_DE"), german);
         EXPECT_EQ(formatByteCount(bytes, "en_US"), english);
     }
+}
+
+TEST(Language, ATextIsShownInTheLanguageInForce) {
+    EXPECT_EQ(localized("Aktuell (%@)", "100 %@"), "Aktuell (100 %@)");
+    setLanguage(Language::english);
+    EXPECT_EQ(localized("Aktuell (%@)", "1.2"), "Current (1.2)");
+    EXPECT_EQ(localized("%@ und %@", "a"), "a und %@") << "no entry";
+    setLanguage(Language::german);
 }
 
 TEST(Date, IsWrittenInUtcWithItsFractionDropped) {
