@@ -18,6 +18,70 @@ inline constexpr int hairline = 1;
 inline constexpr int focusRingWidth = 2;
 inline constexpr int focusRingGap = 2; // outside the control
 
+// window
+inline constexpr int windowMinimumWidth = 1180;
+inline constexpr int windowMinimumHeight = 720;
+inline constexpr int windowWidth = 1440;
+inline constexpr int windowHeight = 880;
+inline constexpr int sidebarMinimum = 220;
+inline constexpr int sidebarIdeal = 240;
+inline constexpr int sidebarMaximum = 300;
+inline constexpr int contentMinimum = 560;
+inline constexpr int detailMinimum = 300;
+inline constexpr int detailIdeal = 360;
+inline constexpr int detailMaximum = 460;
+
+// bar
+inline constexpr int barHeight = 52;
+inline constexpr int barTitleGap = 14;
+inline constexpr int searchHeight = 30;
+inline constexpr int searchWidth = 248;
+inline constexpr int searchMinimum = 200;
+inline constexpr int searchSymbol = 13;
+
+// buttons
+inline constexpr int buttonHeight = 28;
+inline constexpr int smallButtonHeight = 24;
+inline constexpr int largeButtonHeight = 32;
+inline constexpr int toolButtonHeight = 30;
+inline constexpr int toolButtonPadding = 9;
+inline constexpr int smallSymbol = 14;
+inline constexpr int chevron = 10;
+inline constexpr int buttonRadius = 6;
+inline constexpr int smallButtonRadius = 5;
+inline constexpr int largeButtonRadius = 7;
+inline constexpr int fieldRadius = 7;
+
+// menus and help tags
+inline constexpr int menuRadius = 8;
+inline constexpr int menuPadding = 5;
+inline constexpr int menuEntryRadius = 5;
+inline constexpr int helpTagRadius = 6;
+
+// scroll bars, progress
+inline constexpr int scrollBarExtent = 12;
+inline constexpr int scrollThumbWidth = 6;
+inline constexpr int scrollThumbGap = 3;
+inline constexpr int scrollThumbLength = 28; // at least
+inline constexpr int progressHeight = 6;
+
+// sidebar
+inline constexpr int headerCardRadius = 12;
+inline constexpr int applicationIcon = 34;
+inline constexpr int statusRowHeight = 26;
+inline constexpr int kindRowHeight = 24;
+inline constexpr int sidebarSymbolBox = 18;
+inline constexpr int statusDot = 10;
+inline constexpr int sidebarRowRadius = 6;
+inline constexpr int disclosureChevron = 9;
+inline constexpr int sectionGap = 14;
+
+// summary header
+inline constexpr int tileRadius = 10;
+inline constexpr int tileBorder = 1;
+inline constexpr int activeTileBorder = 2;
+inline constexpr int readinessHeight = 20;
+
 // symbols
 inline constexpr int symbol = 16;
 inline constexpr int emptyStateSymbol = 40;
