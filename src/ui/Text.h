@@ -17,9 +17,10 @@ namespace veridane::ui {
     return toQString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-/// A help tag that breaks its lines and takes no character of the text for markup.
-[[nodiscard]] inline QString helpTag(std::string_view text) {
-    return QLatin1String("<qt>") + toQString(text).toHtmlEscaped() + QLatin1String("</qt>");
+/// The text as a help tag that breaks its lines and takes no character for markup. Only for what
+/// shows it: widgets and models keep the plain text, which assistive technology reads.
+[[nodiscard]] inline QString helpTag(const QString& text) {
+    return QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
 }
 
 } // namespace veridane::ui

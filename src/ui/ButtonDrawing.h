@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QSize>
+
+class QPainter;
+class QStyleOption;
+class QStyleOptionButton;
+class QStyleOptionToolButton;
+class QWidget;
+
+/// How buttons look and how large they are, by their role.
+namespace veridane::ui {
+class Theme;
+}
+
+namespace veridane::ui::button_drawing {
+
+void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& painter,
+               const QWidget* widget);
+void drawLabel(const Theme& theme, const QStyleOptionButton& option, QPainter& painter,
+               const QWidget* widget);
+[[nodiscard]] QSize size(const Theme& theme, const QStyleOptionButton& option,
+                         const QWidget* widget);
+
+void drawTool(const Theme& theme, const QStyleOptionToolButton& option, QPainter& painter,
+              const QWidget* widget);
+[[nodiscard]] QSize toolSize(const Theme& theme, const QStyleOptionToolButton& option);
+
+} // namespace veridane::ui::button_drawing

@@ -1,0 +1,81 @@
+#include "ui/DisclosureButton.h"
+
+#include "ui/Metrics.h"
+#include "ui/Painting.h"
+#include "ui/Theme.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QVariantAnimation>
+
+#include <utility>
+
+namespace veridane::ui {
+namespace {
+
+constexpr int turnMilliseconds = 120;
+constexpr double openDegrees = 90; // from a chevron that points to the right
+
+} // namespace
+
+DisclosureButton::DisclosureButton(const Theme& theme, std::string symbol, QWidget* parent)
+    : PaintedButton(theme, parent), m_symbol(std::move(symbol)),
+      m_turn(new QVariantAnimation(this)) {
+    setCheckable(true);
+    setFont(theme.font(TextStyle::subheadline));
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_turn->setDuration(turnMilliseconds);
+    connect(m_turn, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+    connect(this, &QAbstractButton::toggled, this, [this](bool isOpen) {
+        m_turn->stop();
+        if (!isVisible() || style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0)
+            return;
+        m_turn->setStartValue(isOpen ? 0.0 : openDegrees);
+        m_turn->setEndValue(isOpen ? openDegrees : 0.0);
+        m_turn->start();
+    });
+}
+
+QSize DisclosureButton::sizeHint() const {
+    return {0, theme().scaled(metrics::kindRowHeight)};
+}
+
+void DisclosureButton::nextCheckState() {
+    setChecked(!isChecked());
+}
+
+void DisclosureButton::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event);
+    QPainter painter(this);
+    if (const QColor fill = stateFill(); fill.alpha() > 0)
+        painting::fillRounded(painter, rect(), metrics::sidebarRowRadius, fill);
+
+    int x = metrics::space6;
+    const QRect chevron(x, 0, metrics::disclosureChevron, height());
+    const bool isTurning = m_turn->state() == QAbstractAnimation::Running;
+    painter.save();
+    if (isTurning) {
+        const QPointF middle = QRectF(chevron).center();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.translate(middle);
+        painter.rotate(m_turn->currentValue().toDouble());
+        painter.translate(-middle);
+    }
+    theme().drawSymbol(painter, chevron,
+                       isChecked() && !isTurning ? "chevron.down" : "chevron.right",
+                       metrics::disclosureChevron, Tone::secondary);
+    painter.restore();
+
+    x += metrics::disclosureChevron + metrics::space6;
+    theme().drawSymbol(painter, {x, 0, metrics::updateSymbol, height()}, m_symbol,
+                       metrics::updateSymbol, Tone::secondary);
+    x += metrics::updateSymbol + metrics::space6;
+    painter.setFont(font());
+    painter.setPen(theme().colours().secondary);
+    painter.drawText(rect().adjusted(x, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, title());
+    if (showsFocus())
+        painting::strokeInside(painter, rect(), metrics::sidebarRowRadius,
+                               theme().colours().focusRing, metrics::focusRingWidth);
+}
+
+} // namespace veridane::ui

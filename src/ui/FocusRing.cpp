@@ -1,0 +1,79 @@
+#include "ui/FocusRing.h"
+
+#include "ui/Metrics.h"
+#include "ui/Painting.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QPainter>
+#include <QVariant>
+
+namespace veridane::ui {
+namespace {
+
+constexpr const char* gapProperty = "ringGap";
+constexpr const char* radiusProperty = "ringRadius";
+constexpr const char* alwaysProperty = "ringAlways";
+
+} // namespace
+
+bool comesFromKeyboard(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason;
+}
+
+void setRing(QWidget& widget, const RingShape& shape) {
+    widget.setProperty(gapProperty, shape.gap);
+    widget.setProperty(radiusProperty, shape.radius);
+    widget.setProperty(alwaysProperty, shape.isAlwaysShown);
+}
+
+/// The toolkit's frame follows its widget; this one draws our ring in it.
+class FocusRing::Frame : public QFocusFrame {
+public:
+    explicit Frame(const Theme& theme) : QFocusFrame(nullptr), m_theme(theme) {}
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        Q_UNUSED(event);
+        if (!widget())
+            return;
+        const int gap = widget()->property(gapProperty).toInt();
+        const int inset = metrics::focusRingGap - gap;
+        QPainter painter(this);
+        painting::strokeInside(painter, QRectF(rect()).adjusted(inset, inset, -inset, -inset),
+                               widget()->property(radiusProperty).toInt() + gap +
+                                   metrics::focusRingWidth,
+                               m_theme.colours().focusRing, metrics::focusRingWidth);
+    }
+
+private:
+    const Theme& m_theme;
+};
+
+FocusRing::FocusRing(const Theme& theme, QObject* parent) : QObject(parent), m_theme(theme) {
+    qApp->installEventFilter(this);
+}
+
+FocusRing::~FocusRing() {
+    delete m_frame;
+}
+
+bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut)
+        return false;
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || !widget->property(gapProperty).isValid())
+        return false;
+    const bool isShown = event->type() == QEvent::FocusIn &&
+                         (widget->property(alwaysProperty).toBool() ||
+                          comesFromKeyboard(static_cast<QFocusEvent*>(event)->reason()));
+    if (isShown && !m_frame)
+        m_frame = new Frame(m_theme); // it becomes a child of the widget's window
+    if (m_frame)
+        m_frame->setWidget(isShown ? widget : nullptr);
+    return false;
+}
+
+} // namespace veridane::ui

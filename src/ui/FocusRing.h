@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QFocusFrame>
+#include <QPointer>
+
+namespace veridane::ui {
+
+class Theme;
+
+/// Whether focus that came that way is to be shown. A click needs no ring: the eye is there.
+[[nodiscard]] bool comesFromKeyboard(Qt::FocusReason reason);
+
+/// How a widget wants its ring; without a call it gets none.
+struct RingShape {
+    int gap = 2;    // between the widget and the ring
+    int radius = 0; // of the widget's corners
+    bool isAlwaysShown = false;
+};
+void setRing(QWidget& widget, const RingShape& shape);
+
+/// Draws the ring around the widget that has the keyboard's focus, in every window.
+class FocusRing : public QObject {
+    Q_OBJECT
+
+public:
+    FocusRing(const Theme& theme, QObject* parent);
+    ~FocusRing() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    class Frame;
+
+    const Theme& m_theme;
+    QPointer<Frame> m_frame;
+};
+
+} // namespace veridane::ui

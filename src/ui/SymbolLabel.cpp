@@ -1,0 +1,28 @@
+#include "ui/SymbolLabel.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace veridane::ui {
+
+SymbolLabel::SymbolLabel(const Theme& theme, std::string name, int size, int box, Tone tone,
+                         QWidget* parent)
+    : QWidget(parent), m_theme(theme), m_name(std::move(name)), m_size(size), m_tone(tone) {
+    setFixedSize(box, box);
+    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
+}
+
+void SymbolLabel::show(std::string name, Tone tone) {
+    m_name = std::move(name);
+    m_tone = tone;
+    update();
+}
+
+void SymbolLabel::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event);
+    QPainter painter(this);
+    m_theme.drawSymbol(painter, rect(), m_name, m_size, m_tone);
+}
+
+} // namespace veridane::ui
