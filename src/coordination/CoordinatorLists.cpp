@@ -97,6 +97,13 @@ std::vector<ItemKind> ScanCoordinator::availableKinds() const {
 }
 
 std::vector<std::string> ScanCoordinator::availableVendors() const {
+    std::vector<std::string> vendors;
+    for (VendorCount& vendor : availableVendorCounts())
+        vendors.push_back(std::move(vendor.vendor));
+    return vendors;
+}
+
+std::vector<VendorCount> ScanCoordinator::availableVendorCounts() const {
     if (!m_kindFilter.get())
         return {};
     return lists().vendors(m_statusFilter.get(), *m_kindFilter.get());

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <numeric>
 #include <tuple>
 #include <utility>
@@ -120,15 +121,17 @@ std::vector<ItemKind> ItemLists::kinds(StatusFilter filter) const {
     return result;
 }
 
-std::vector<std::string> ItemLists::vendors(StatusFilter filter, ItemKind kind) const {
-    std::vector<std::string> result;
+std::vector<VendorCount> ItemLists::vendors(StatusFilter filter, ItemKind kind) const {
+    // Bytes of UTF-8 stand in the order of the characters.
+    std::map<std::string_view, std::size_t> counts;
     for (const ScanItem* item : statusFiltered(filter)) {
         if (item->kind == kind && item->vendor && !item->vendor->empty())
-            result.push_back(*item->vendor);
+            ++counts[*item->vendor];
     }
-    // Bytes of UTF-8 stand in the order of the characters.
-    std::ranges::sort(result);
-    result.erase(std::unique(result.begin(), result.end()), result.end());
+    std::vector<VendorCount> result;
+    result.reserve(counts.size());
+    for (const auto& [vendor, count] : counts)
+        result.push_back({std::string(vendor), count});
     return result;
 }
 

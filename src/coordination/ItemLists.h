@@ -23,6 +23,14 @@ struct ItemFilters {
     std::string searchText;            // a part of name, vendor, identifier and path, in any case
 };
 
+/// A vendor and the number of its objects.
+struct VendorCount {
+    std::string vendor;
+    std::size_t count = 0;
+
+    bool operator==(const VendorCount&) const = default;
+};
+
 /// Items in some order; never null, valid as long as the list that they stand in.
 using ItemReferences = std::vector<const ScanItem*>;
 
@@ -53,7 +61,7 @@ public:
 
     /// The vendors of what passes and is of that kind, each once, without empty ones, by plain
     /// comparison of their characters.
-    [[nodiscard]] std::vector<std::string> vendors(StatusFilter filter, ItemKind kind) const;
+    [[nodiscard]] std::vector<VendorCount> vendors(StatusFilter filter, ItemKind kind) const;
 
     [[nodiscard]] std::size_t count(StatusFilter filter) const;
     [[nodiscard]] std::size_t count(Urgency urgency) const;

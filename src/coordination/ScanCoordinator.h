@@ -114,6 +114,8 @@ public:
     [[nodiscard]] std::vector<ItemKind> availableKinds() const;
     /// Empty without a kind filter.
     [[nodiscard]] std::vector<std::string> availableVendors() const;
+    /// The same with the number that `count` gives for each, at the price of one of them.
+    [[nodiscard]] std::vector<VendorCount> availableVendorCounts() const;
     /// These three count all items, whatever the filters say.
     [[nodiscard]] std::size_t count(StatusFilter filter) const;
     [[nodiscard]] std::size_t count(Urgency urgency) const;

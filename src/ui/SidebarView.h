@@ -1,10 +1,12 @@
 #pragma once
 
+#include "model/ScanItem.h"
 #include "ui/Refresh.h"
 
 #include <QWidget>
 
-#include <memory>
+#include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,15 +15,13 @@ class QVBoxLayout;
 
 namespace veridane {
 class ScanCoordinator;
-enum class ItemKind : std::uint8_t;
-} // namespace veridane
+}
 
 namespace veridane::ui {
 
 class DisclosureButton;
 class Label;
 class SidebarRow;
-class SymbolLabel;
 class Theme;
 
 /// The left column: who the program and the machine are, and the filters by status, kind and
@@ -45,12 +45,18 @@ private:
     [[nodiscard]] QWidget* makeSystemLines();
     void addSectionTitle(QVBoxLayout& column, Label*& title, int room);
     void addStatusRows(QVBoxLayout& column);
+    [[nodiscard]] SidebarRow* addRow(QVBoxLayout& column, std::string symbol,
+                                     bool isVerbatim = false);
+    void addKindRows(QVBoxLayout& column);
+    void addVendorGroup(QVBoxLayout& column);
+    void addVendorRow();
+    /// Choosing what is chosen already, or nothing, clears the filter.
+    void chooseKind(std::optional<ItemKind> kind);
+    void chooseVendor(std::optional<std::string> vendor);
     void retranslate();
     void refresh();
     void refreshKinds();
     void refreshVendors();
-    void chooseKind(ItemKind kind);
-    void chooseVendor(const std::string& vendor);
 
     ScanCoordinator& m_coordinator;
     const Theme& m_theme;
@@ -61,16 +67,15 @@ private:
     Label* m_processor = nullptr;
     Label* m_rosetta = nullptr;
     Label* m_statusTitle = nullptr;
-    QButtonGroup* m_statusRows = nullptr;
+    QButtonGroup* m_statusRows = nullptr; // by the number of the filter
     Label* m_kindTitle = nullptr;
     SidebarRow* m_allKinds = nullptr;
-    QVBoxLayout* m_kindColumn = nullptr;
-    std::vector<std::pair<ItemKind, SidebarRow*>> m_kinds;
+    std::array<SidebarRow*, itemKindCount> m_kinds{};
     DisclosureButton* m_vendorsExpanded = nullptr;
     QWidget* m_vendorGroup = nullptr;
-    SidebarRow* m_allVendors = nullptr;
     QVBoxLayout* m_vendorColumn = nullptr;
-    std::vector<std::pair<std::string, SidebarRow*>> m_vendors;
+    SidebarRow* m_allVendors = nullptr;
+    std::vector<SidebarRow*> m_vendors; // those behind the available vendors are hidden
 };
 
 } // namespace veridane::ui

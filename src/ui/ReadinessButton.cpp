@@ -1,0 +1,66 @@
+#include "ui/ReadinessButton.h"
+
+#include "ui/FocusRing.h"
+#include "ui/Metrics.h"
+#include "ui/Painting.h"
+#include "ui/Text.h"
+#include "ui/Theme.h"
+
+#include <QPainter>
+
+namespace veridane::ui {
+namespace {
+
+constexpr int overhang = 6; // of the fill, on both sides; the layout leaves that room
+constexpr int actionGap = 5;
+
+} // namespace
+
+ReadinessButton::ReadinessButton(const Theme& theme, QWidget* parent)
+    : PaintedButton(theme, parent) {
+    setFont(theme.font(TextStyle::calloutMedium));
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setRing(*this, {.gap = 0, .radius = metrics::buttonRadius});
+}
+
+void ReadinessButton::setAction(std::string_view action) {
+    m_action = toQString(action);
+    update();
+}
+
+QSize ReadinessButton::sizeHint() const {
+    return {0, theme().scaled(metrics::readinessHeight) + 2 * metrics::space2};
+}
+
+QSize ReadinessButton::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void ReadinessButton::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event);
+    QPainter painter(this);
+    if (const QColor fill = stateFill(); fill.alpha() > 0)
+        painting::fillRounded(painter, rect(), metrics::buttonRadius, fill);
+    QRect line = rect().adjusted(overhang, 0, -overhang, 0);
+
+    theme().drawSymbol(painter, {line.x(), 0, metrics::symbol, height()},
+                       "exclamationmark.bubble.fill", metrics::symbol, Tone::orange);
+    line.setLeft(line.left() + metrics::symbol + metrics::space8);
+
+    theme().drawSymbol(painter,
+                       {line.right() + 1 - metrics::smallSymbol, 0, metrics::smallSymbol, height()},
+                       "arrow.right.circle.fill", metrics::smallSymbol, Tone::orange);
+    line.setRight(line.right() - metrics::smallSymbol - actionGap);
+    painter.setFont(theme().font(TextStyle::calloutSemibold));
+    painter.setPen(theme().textColour(Tone::orange));
+    painter.drawText(line, Qt::AlignVCenter | Qt::AlignRight, m_action);
+    line.setRight(line.right() - painter.fontMetrics().horizontalAdvance(m_action) -
+                  metrics::space8);
+
+    painter.setFont(font());
+    painter.setPen(theme().colours().text);
+    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft,
+                     fontMetrics().elidedText(title(), Qt::ElideRight, line.width()));
+}
+
+} // namespace veridane::ui

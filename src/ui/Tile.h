@@ -1,0 +1,43 @@
+#pragma once
+
+#include "coordination/StatusFilter.h"
+#include "ui/PaintedButton.h"
+#include "ui/Theme.h"
+
+#include <cstddef>
+
+namespace veridane::ui {
+
+/// A count in large digits that sets a filter when it is pressed. Checked while that filter is set.
+class Tile : public PaintedButton {
+    Q_OBJECT
+
+public:
+    struct Look {
+        const char* symbol;
+        Tone tone;
+    };
+    Tile(const Theme& theme, const Look& look, StatusFilter filter, QWidget* parent = nullptr);
+
+    [[nodiscard]] StatusFilter filter() const { return m_filter; }
+    void setCount(std::size_t count);
+
+    /// A narrow tile breaks its title into lines and grows.
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintCount(QPainter& painter) const;
+    [[nodiscard]] QRect titleRect(int width) const;
+
+    Look m_look;
+    StatusFilter m_filter;
+    QString m_count;
+};
+
+} // namespace veridane::ui
