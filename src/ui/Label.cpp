@@ -23,14 +23,10 @@ void Label::setTone(Tone tone) {
 }
 
 QSize Label::sizeHint() const {
-    if (wordWrap())
-        return QLabel::sizeHint();
     return {fontMetrics().horizontalAdvance(text()) + 1, m_theme.lineHeight(m_style)};
 }
 
 QSize Label::minimumSizeHint() const {
-    if (wordWrap())
-        return QLabel::minimumSizeHint();
     return {0, m_theme.lineHeight(m_style)};
 }
 
@@ -39,17 +35,13 @@ QColor Label::colour() const {
 }
 
 bool Label::isCut() const {
-    return !wordWrap() && fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
 }
 
 void Label::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
     painter.setPen(colour());
-    if (wordWrap()) {
-        painter.drawText(contentsRect(), static_cast<int>(alignment()) | Qt::TextWordWrap, text());
-        return;
-    }
     const QString shown =
         isCut() ? fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()) : text();
     painter.drawText(contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);

@@ -6,8 +6,8 @@
 
 namespace veridane::ui {
 
-/// A text in a style of the theme. What does not fit is cut at its end, and then the whole text is
-/// its help tag.
+/// A text of one line in a style of the theme. What does not fit is cut at its end, and then the
+/// whole text is its help tag.
 class Label : public QLabel {
     Q_OBJECT
 
@@ -25,6 +25,7 @@ protected:
     bool event(QEvent* event) override;
 
     [[nodiscard]] const Theme& theme() const { return m_theme; }
+    [[nodiscard]] TextStyle textStyle() const { return m_style; }
     [[nodiscard]] QColor colour() const;
 
 private:

@@ -82,6 +82,12 @@ inline constexpr int tileBorder = 1;
 inline constexpr int activeTileBorder = 2;
 inline constexpr int readinessHeight = 20;
 
+// detail column
+inline constexpr int detailSymbol = 32;
+inline constexpr int detailSymbolBox = 44;
+inline constexpr int verdictSymbol = 18;
+inline constexpr int verdictBoxRadius = 10;
+
 // symbols
 inline constexpr int symbol = 16;
 inline constexpr int emptyStateSymbol = 40;

@@ -1,0 +1,152 @@
+#include "ui/ContentView.h"
+
+#include "coordination/ScanCoordinator.h"
+#include "ui/Bar.h"
+#include "ui/DetailView.h"
+#include "ui/Metrics.h"
+#include "ui/Preferences.h"
+#include "ui/ResultsTableView.h"
+#include "ui/SidebarView.h"
+#include "ui/SummaryHeaderView.h"
+#include "ui/Theme.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace veridane::ui {
+namespace {
+
+QString windowLayout() {
+    return QStringLiteral("mainWindow");
+}
+QString outerLayout() {
+    return QStringLiteral("mainWindowSidebar");
+}
+QString innerLayout() {
+    return QStringLiteral("mainWindowDetail");
+}
+
+QVBoxLayout* makeColumn(QWidget* parent) {
+    auto* column = new QVBoxLayout(parent);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    return column;
+}
+
+/// A line between two parts of a column.
+class Divider : public QWidget {
+public:
+    explicit Divider(const Theme& theme) : m_theme(theme) { setFixedHeight(metrics::hairline); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        Q_UNUSED(event);
+        QPainter(this).fillRect(rect(), m_theme.colours().separator);
+    }
+
+private:
+    const Theme& m_theme;
+};
+
+} // namespace
+
+ContentView::ContentView(const ContentServices& services, std::vector<std::string> launchArguments,
+                         QWidget* parent)
+    : QWidget(parent), m_services(services), m_launchArguments(std::move(launchArguments)),
+      m_outerColumns(new QSplitter(Qt::Horizontal)), m_innerColumns(new QSplitter(Qt::Horizontal)) {
+    setObjectName(QStringLiteral("ContentView"));
+    setWindowTitle(QStringLiteral("Veridane"));
+    setMinimumSize(metrics::windowMinimumWidth, metrics::windowMinimumHeight);
+    connect(&services.theme, &Theme::changed, this, qOverload<>(&QWidget::update));
+
+    auto* sidebar = new SidebarView(services.coordinator, services.theme);
+    sidebar->setMinimumWidth(metrics::sidebarMinimum);
+    sidebar->setMaximumWidth(metrics::sidebarMaximum);
+    auto* bar = new Bar(services.coordinator, services.savePanel, services.theme);
+    connect(bar, &Bar::settingsRequested, this, &ContentView::settingsRequested);
+    auto* detail = new DetailView(services.coordinator, services.theme);
+    detail->setMinimumWidth(metrics::detailMinimum);
+    detail->setMaximumWidth(metrics::detailMaximum);
+
+    m_innerColumns->addWidget(makeContentColumn());
+    m_innerColumns->addWidget(detail);
+    auto* rest = new QWidget;
+    auto* restColumn = makeColumn(rest);
+    restColumn->addWidget(bar);
+    restColumn->addWidget(m_innerColumns, 1);
+    m_outerColumns->addWidget(sidebar);
+    m_outerColumns->addWidget(rest);
+    for (QSplitter* columns : {m_outerColumns, m_innerColumns})
+        columns->setChildrenCollapsible(false);
+    m_outerColumns->setStretchFactor(0, 0);
+    m_outerColumns->setStretchFactor(1, 1);
+    m_innerColumns->setStretchFactor(0, 1);
+    m_innerColumns->setStretchFactor(1, 0);
+    makeColumn(this)->addWidget(m_outerColumns);
+    restoreLayout();
+}
+
+ContentView::~ContentView() = default;
+
+QWidget* ContentView::makeContentColumn() {
+    auto* content = new QWidget;
+    content->setMinimumWidth(metrics::contentMinimum);
+    auto* column = makeColumn(content);
+    column->addWidget(new SummaryHeaderView(m_services.coordinator, m_services.theme));
+    column->addWidget(new Divider(m_services.theme));
+    auto* results = new ResultsTableView(m_services.coordinator, m_services.workspace,
+                                         m_services.preferences, m_services.theme);
+    column->addWidget(results, 1);
+    setFocusProxy(results);
+    return content;
+}
+
+void ContentView::restoreLayout() {
+    const QSize available = screen()->availableSize();
+    resize(QSize(metrics::windowWidth, metrics::windowHeight).boundedTo(available));
+    restoreGeometry(m_services.preferences.layout(windowLayout()));
+    if (!m_outerColumns->restoreState(m_services.preferences.layout(outerLayout())))
+        m_outerColumns->setSizes({metrics::sidebarIdeal, width() - metrics::sidebarIdeal});
+    if (!m_innerColumns->restoreState(m_services.preferences.layout(innerLayout())))
+        m_innerColumns->setSizes(
+            {width() - metrics::sidebarIdeal - metrics::detailIdeal, metrics::detailIdeal});
+}
+
+void ContentView::saveLayout() {
+    m_services.preferences.setLayout(windowLayout(), saveGeometry());
+    m_services.preferences.setLayout(outerLayout(), m_outerColumns->saveState());
+    m_services.preferences.setLayout(innerLayout(), m_innerColumns->saveState());
+}
+
+void ContentView::closeEvent(QCloseEvent* event) {
+    saveLayout();
+    QWidget::closeEvent(event);
+}
+
+void ContentView::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event);
+    QPainter(this).fillRect(rect(), m_services.theme.colours().window);
+}
+
+void ContentView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (std::exchange(m_hasStarted, true))
+        return;
+    // In a turn of its own, so that the window is there before the work begins.
+    QMetaObject::invokeMethod(this, &ContentView::runStartTask, Qt::QueuedConnection);
+}
+
+void ContentView::runStartTask() {
+    ScanCoordinator& coordinator = m_services.coordinator;
+    coordinator.applyUITestSeed(m_launchArguments);
+    if (!coordinator.hasScannedOnce().get() && !coordinator.isScanning().get())
+        coordinator.startScan();
+}
+
+} // namespace veridane::ui

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QWidget>
+
+#include <string>
+#include <vector>
+
+class QSplitter;
+
+namespace veridane {
+class ScanCoordinator;
+class Workspace;
+} // namespace veridane
+
+namespace veridane::ui {
+
+class Preferences;
+class SavePanel;
+class Theme;
+
+/// What the main window shows. All of it must outlive the window.
+struct ContentServices {
+    ScanCoordinator& coordinator;
+    Workspace& workspace;
+    Preferences& preferences;
+    SavePanel& savePanel;
+    Theme& theme;
+};
+
+/// The main window: sidebar, content and details side by side below their bar. When it appears for
+/// the first time, it starts a scan unless there is a kept one to show.
+class ContentView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `launchArguments` are those of the process; tests that drive the window put theirs there.
+    ContentView(const ContentServices& services, std::vector<std::string> launchArguments,
+                QWidget* parent = nullptr);
+    ~ContentView() override;
+
+Q_SIGNALS:
+    void settingsRequested();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void runStartTask();
+    [[nodiscard]] QWidget* makeContentColumn();
+    void restoreLayout();
+    void saveLayout();
+
+    ContentServices m_services;
+    std::vector<std::string> m_launchArguments;
+    bool m_hasStarted = false;
+    QSplitter* m_outerColumns; // the sidebar and the rest
+    QSplitter* m_innerColumns; // content and details
+};
+
+} // namespace veridane::ui
