@@ -38,25 +38,44 @@ bool isKnown(std::string_view languageCode) {
     return U_SUCCESS(status);
 }
 
-/// The identifier for a locale as POSIX spells it ("de_DE.UTF-8"); that of the language in force
-/// for C and POSIX, with or without an encoding, and for what is no locale at all.
-std::string localeNamed(const char* posixName) {
+/// The identifier for a locale as POSIX spells it ("de_DE.UTF-8"); nothing for C and POSIX, with or
+/// without an encoding, and for what is no locale at all.
+std::optional<std::string> localeNamed(const char* posixName) {
     const auto locale = icu::Locale::createCanonical(posixName);
     const bool isReal = !locale.isBogus() && isKnown(locale.getLanguage()) &&
                         std::string_view(locale.getVariant()) != "POSIX";
-    return isReal ? locale.getName() : localeOfLanguage();
+    return isReal ? std::optional<std::string>(locale.getName()) : std::nullopt;
+}
+
+/// What the environment says of one of its categories.
+std::optional<std::string> localeOf(const char* category) {
+    for (const char* variable : {"LC_ALL", category, "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0')
+            return localeNamed(value);
+    }
+    return std::nullopt;
+}
+
+std::string formatted(icu::DateFormat& format, Date date, const std::string& timeZone) {
+    if (!timeZone.empty())
+        format.adoptTimeZone(icu::TimeZone::createTimeZone(decoded(timeZone)));
+    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date);
+    icu::UnicodeString text;
+    format.format(static_cast<UDate>(milliseconds.time_since_epoch().count()), text);
+    // Newer data put this narrow blank before "AM", where a Mac shows an ordinary one.
+    return encoded(text.findAndReplace(u"\u202F", u" "));
 }
 
 } // namespace
 
 std::string userLocale() {
     // LC_TIME rather than LC_COLLATE: many a developer keeps the latter at C for the sake of sort.
-    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
-        const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0')
-            return localeNamed(value);
-    }
-    return localeOfLanguage();
+    return localeOf("LC_TIME").value_or(localeOfLanguage());
+}
+
+std::optional<std::string> userTextLocale() {
+    return localeOf("LC_MESSAGES");
 }
 
 struct Collation::Implementation {
@@ -98,14 +117,16 @@ std::string Collation::key(std::string_view text) const {
 std::string formatDateTime(Date date, const std::string& locale, const std::string& timeZone) {
     const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateTimeInstance(
         icu::DateFormat::MEDIUM, icu::DateFormat::SHORT, icu::Locale(locale.c_str())));
-    if (!format)
-        return formatISO8601(date);
-    if (!timeZone.empty())
-        format->adoptTimeZone(icu::TimeZone::createTimeZone(decoded(timeZone)));
-    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(date);
-    icu::UnicodeString text;
-    return encoded(
-        format->format(static_cast<UDate>(milliseconds.time_since_epoch().count()), text));
+    return format ? formatted(*format, date, timeZone) : formatISO8601(date);
+}
+
+std::string formatAbbreviatedDateTime(Date date, const std::string& locale,
+                                      const std::string& timeZone) {
+    UErrorCode status = U_ZERO_ERROR;
+    // "j" stands for the hour as the locale counts it, to 12 or to 24.
+    const std::unique_ptr<icu::DateFormat> format(
+        icu::DateFormat::createInstanceForSkeleton("yMMMdjm", icu::Locale(locale.c_str()), status));
+    return U_SUCCESS(status) && format ? formatted(*format, date, timeZone) : formatISO8601(date);
 }
 
 std::string formatByteCount(std::int64_t bytes, const std::string& locale) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,10 @@ namespace veridane {
 /// POSIX) or one that ICU does not know gives the language in force instead: sorting capitals first
 /// or dates in a programmer's form would help nobody.
 [[nodiscard]] std::string userLocale();
+
+/// The locale that the environment names for texts, where it names one that ICU knows. People who
+/// read English may still want their dates as at home.
+[[nodiscard]] std::optional<std::string> userTextLocale();
 
 /// The order of names as people expect it: by the locale's alphabet, with case playing no part.
 /// Thread-compatible.
@@ -35,6 +40,12 @@ private:
 /// user's; else it is an identifier such as "Europe/Berlin".
 [[nodiscard]] std::string formatDateTime(Date date, const std::string& locale = userLocale(),
                                          const std::string& timeZone = {});
+
+/// The same with the month as an abbreviation, such as "1. März 2027, 10:30" or "Mar 1, 2027,
+/// 10:30 AM".
+[[nodiscard]] std::string formatAbbreviatedDateTime(Date date,
+                                                    const std::string& locale = userLocale(),
+                                                    const std::string& timeZone = {});
 
 /// A size for people, in steps of 1000 and with the digits that a Mac shows: "512 Byte", "12 kB",
 /// "1,2 MB", "3,45 GB".

@@ -74,6 +74,15 @@ TEST(Locale, DatesAndSizesReadAsInTheCountry) {
     const Date date = *parseISO8601("2027-03-01T09:30:59Z");
     EXPECT_EQ(formatDateTime(date, "de_DE", "Europe/Berlin"), "01.03.2027, 10:30");
     EXPECT_EQ(formatDateTime(date, "en_GB", "America/New_York"), "1 Mar 2027, 04:30");
+    const std::tuple<const char*, const char*, const char*, const char*> abbreviated[] = {
+        {"2026-03-14T08:41:00Z", "de", "Europe/Berlin", "14. März 2026, 09:41"},
+        {"2027-01-02T09:30:00Z", "de_DE", "Europe/Berlin", "2. Jan. 2027, 10:30"},
+        {"2026-03-14T08:41:00Z", "en", "Europe/Berlin", "Mar 14, 2026, 9:41 AM"},
+        {"2026-07-14T23:05:00Z", "en_US", "UTC", "Jul 14, 2026, 11:05 PM"},
+        {"2026-07-14T23:05:00Z", "en_GB", "UTC", "14 Jul 2026, 23:05"},
+    };
+    for (const auto& [instant, locale, zone, text] : abbreviated)
+        EXPECT_EQ(formatAbbreviatedDateTime(*parseISO8601(instant), locale, zone), text);
 
     const std::tuple<std::int64_t, const char*, const char*> sizes[] = {
         {512, "512 Byte", "512 bytes"},
