@@ -32,7 +32,7 @@ Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme,
     auto* title = new Label(theme, TextStyle::barTitle);
     title->setText(QStringLiteral("Veridane"));
     auto* menuBar = new QMenuBar;
-    menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
     m_fileMenu = menuBar->addMenu(QString());
     m_viewMenu = menuBar->addMenu(QString());
     makeActions();
@@ -45,7 +45,7 @@ Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme,
     row->setSpacing(metrics::space4);
     row->addWidget(title);
     row->addSpacing(metrics::barTitleGap);
-    row->addWidget(menuBar);
+    row->addWidget(menuBar, 0, Qt::AlignVCenter);
     row->addStretch();
     for (QToolButton* tool : {m_scan, m_checkUpdates, m_export, m_settings})
         row->addWidget(tool);

@@ -81,6 +81,16 @@ void drawSymbolAndText(const Theme& theme, QPainter& painter, QRect rect, const 
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, text);
 }
 
+void drawBordered(const Theme& theme, const QStyleOption& option, QPainter& painter,
+                  double radius) {
+    const ThemeColours& colours = theme.colours();
+    painting::fillRounded(painter, option.rect, radius, colours.control);
+    if (isPressed(option) || isHovered(option))
+        painting::fillRounded(painter, option.rect, radius,
+                              isPressed(option) ? colours.pressed : colours.hover);
+    painting::strokeInside(painter, option.rect, radius, colours.controlBorder, metrics::hairline);
+}
+
 int contentWidth(const Theme& theme, const QWidget* widget, ButtonRole role, const QString& text) {
     const int textWidth =
         QFontMetrics(fontOf(theme, role)).size(Qt::TextShowMnemonic, text).width();
@@ -104,12 +114,7 @@ void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
                               : isHovered(option) ? colours.accentHover
                                                   : colours.accent);
     } else {
-        painting::fillRounded(painter, option.rect, radius, colours.control);
-        if (isPressed(option) || isHovered(option))
-            painting::fillRounded(painter, option.rect, radius,
-                                  isPressed(option) ? colours.pressed : colours.hover);
-        painting::strokeInside(painter, option.rect, radius, colours.controlBorder,
-                               metrics::hairline);
+        drawBordered(theme, option, painter, radius);
     }
     painter.restore();
 }
@@ -164,6 +169,27 @@ QSize toolSize(const Theme& theme, const QStyleOptionToolButton& option) {
     if (option.features.testFlag(QStyleOptionToolButton::HasMenu))
         width += metrics::space6 + metrics::chevron;
     return {width, theme.scaled(shape.height)};
+}
+
+void drawPopUp(const Theme& theme, const QStyleOptionComboBox& option, QPainter& painter) {
+    painter.save();
+    if (!has(option, QStyle::State_Enabled))
+        painter.setOpacity(disabledOpacity);
+    drawBordered(theme, option, painter, metrics::buttonRadius);
+    const QRect rect = option.rect.adjusted(metrics::popUpPadding, 0, -metrics::space8, 0);
+    painter.setFont(theme.font(TextStyle::body));
+    painter.setPen(theme.textColour(Tone::primary));
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, option.currentText);
+    const QRect chevron(rect.right() + 1 - metrics::popUpChevron, rect.y(), metrics::popUpChevron,
+                        rect.height());
+    theme.drawSymbol(painter, chevron, "chevron.up.chevron.down", metrics::popUpChevron,
+                     Tone::secondary);
+    painter.restore();
+}
+
+QSize popUpSize(const Theme& theme, const QSize& text) {
+    return {text.width() + metrics::popUpPadding + 2 * metrics::space8 + metrics::popUpChevron,
+            theme.scaled(metrics::buttonHeight)};
 }
 
 } // namespace veridane::ui::button_drawing

@@ -5,6 +5,7 @@
 class QPainter;
 class QStyleOption;
 class QStyleOptionButton;
+class QStyleOptionComboBox;
 class QStyleOptionToolButton;
 class QWidget;
 
@@ -25,5 +26,9 @@ void drawLabel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
 void drawTool(const Theme& theme, const QStyleOptionToolButton& option, QPainter& painter,
               const QWidget* widget);
 [[nodiscard]] QSize toolSize(const Theme& theme, const QStyleOptionToolButton& option);
+
+/// A closed pop-up.
+void drawPopUp(const Theme& theme, const QStyleOptionComboBox& option, QPainter& painter);
+[[nodiscard]] QSize popUpSize(const Theme& theme, const QSize& text);
 
 } // namespace veridane::ui::button_drawing

@@ -3,6 +3,7 @@
 #include "coordination/ScanCoordinator.h"
 #include "ui/Bar.h"
 #include "ui/DetailView.h"
+#include "ui/Divider.h"
 #include "ui/Metrics.h"
 #include "ui/Preferences.h"
 #include "ui/ResultsTableView.h"
@@ -38,21 +39,6 @@ QVBoxLayout* makeColumn(QWidget* parent) {
     column->setSpacing(0);
     return column;
 }
-
-/// A line between two parts of a column.
-class Divider : public QWidget {
-public:
-    explicit Divider(const Theme& theme) : m_theme(theme) { setFixedHeight(metrics::hairline); }
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        Q_UNUSED(event);
-        QPainter(this).fillRect(rect(), m_theme.colours().separator);
-    }
-
-private:
-    const Theme& m_theme;
-};
 
 } // namespace
 

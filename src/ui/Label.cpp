@@ -22,12 +22,16 @@ void Label::setTone(Tone tone) {
     update();
 }
 
+QSize Label::withMargins(const QSize& contents) const {
+    return contents.grownBy(contentsMargins());
+}
+
 QSize Label::sizeHint() const {
-    return {fontMetrics().horizontalAdvance(text()) + 1, m_theme.lineHeight(m_style)};
+    return withMargins({fontMetrics().horizontalAdvance(text()) + 1, m_theme.lineHeight(m_style)});
 }
 
 QSize Label::minimumSizeHint() const {
-    return {0, m_theme.lineHeight(m_style)};
+    return withMargins({0, m_theme.lineHeight(m_style)});
 }
 
 QColor Label::colour() const {
@@ -55,7 +59,7 @@ bool Label::event(QEvent* event) {
 }
 
 QSize TabularLabel::sizeHint() const {
-    return {tabular::width(font(), text()), Label::sizeHint().height()};
+    return withMargins({tabular::width(font(), text()), theme().lineHeight(textStyle())});
 }
 
 void TabularLabel::paintEvent(QPaintEvent* event) {

@@ -27,6 +27,7 @@ protected:
     [[nodiscard]] const Theme& theme() const { return m_theme; }
     [[nodiscard]] TextStyle textStyle() const { return m_style; }
     [[nodiscard]] QColor colour() const;
+    [[nodiscard]] QSize withMargins(const QSize& contents) const;
 
 private:
     [[nodiscard]] bool isCut() const;

@@ -88,6 +88,15 @@ inline constexpr int detailSymbolBox = 44;
 inline constexpr int verdictSymbol = 18;
 inline constexpr int verdictBoxRadius = 10;
 
+// settings
+inline constexpr int settingsWidth = 480;
+inline constexpr int settingsHeight = 440;
+inline constexpr int settingsMargin = 20;
+inline constexpr int settingsGroupRadius = 10;
+inline constexpr int settingsRowHeight = 44; // at least
+inline constexpr int popUpPadding = 10;      // left of the text
+inline constexpr int popUpChevron = 12;
+
 // symbols
 inline constexpr int symbol = 16;
 inline constexpr int emptyStateSymbol = 40;

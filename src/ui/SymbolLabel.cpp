@@ -9,7 +9,7 @@ namespace veridane::ui {
 SymbolLabel::SymbolLabel(const Theme& theme, std::string name, int size, int box, Tone tone,
                          QWidget* parent)
     : QWidget(parent), m_theme(theme), m_name(std::move(name)), m_size(size), m_tone(tone) {
-    setFixedSize(box, box);
+    setFixedSize(box, size);
     connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 

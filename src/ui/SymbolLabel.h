@@ -13,7 +13,7 @@ class SymbolLabel : public QWidget {
     Q_OBJECT
 
 public:
-    /// The symbol stands in the middle of a square box of `box` logical pixels.
+    /// The symbol stands in the middle of a box that is `box` logical pixels wide.
     SymbolLabel(const Theme& theme, std::string name, int size, int box, Tone tone,
                 QWidget* parent = nullptr);
 

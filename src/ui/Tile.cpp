@@ -82,7 +82,8 @@ void Tile::paintEvent(QPaintEvent* event) {
 
     QColor border = theme().tint(m_look.tone, quietBorder);
     if (isChecked()) {
-        border = theme().symbolColour(m_look.tone);
+        // The tile that means everything has no hue; its frame is quieter than a text would be.
+        border = theme().symbolColour(m_look.tone == Tone::secondary ? Tone::gray : m_look.tone);
         border.setAlphaF(activeBorder);
     }
     painting::strokeInside(painter, rect(), metrics::tileRadius, border,

@@ -200,6 +200,7 @@ void VeridaneStyle::drawControl(ControlElement element, const QStyleOption* opti
     case CE_MenuBarItem:
         menu_drawing::drawTitle(m_theme, as<QStyleOptionMenuItem>(option), *painter);
         return;
+    case CE_ComboBoxLabel: // drawn with the pop-up
     case CE_MenuBarEmptyArea:
     case CE_MenuEmptyArea:
         return;
@@ -223,6 +224,9 @@ void VeridaneStyle::drawComplexControl(ComplexControl control, const QStyleOptio
         if (as<QStyleOptionToolButton>(option).text.isEmpty())
             break;
         button_drawing::drawTool(m_theme, as<QStyleOptionToolButton>(option), *painter, widget);
+        return;
+    case CC_ComboBox:
+        button_drawing::drawPopUp(m_theme, as<QStyleOptionComboBox>(option), *painter);
         return;
     default:
         break;
@@ -270,6 +274,8 @@ QSize VeridaneStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
         if (as<QStyleOptionToolButton>(option).text.isEmpty())
             break;
         return button_drawing::toolSize(m_theme, as<QStyleOptionToolButton>(option));
+    case CT_ComboBox:
+        return button_drawing::popUpSize(m_theme, size);
     case CT_MenuItem:
         return menu_drawing::entrySize(m_theme, as<QStyleOptionMenuItem>(option));
     case CT_MenuBarItem:

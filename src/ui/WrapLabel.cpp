@@ -30,9 +30,14 @@ QSize WrapLabel::layOut(int width, QPainter* painter) const {
         ++lines;
     }
     layout.endLayout();
-    if (painter)
-        layout.draw(painter, contentsRect().topLeft());
-    return {static_cast<int>(std::ceil(widest)), lines * lineHeight};
+    const int height = lines * lineHeight;
+    if (painter) {
+        QPoint start = contentsRect().topLeft();
+        if (alignment().testFlag(Qt::AlignVCenter))
+            start.ry() += (contentsRect().height() - height) / 2;
+        layout.draw(painter, start);
+    }
+    return {static_cast<int>(std::ceil(widest)), height};
 }
 
 int WrapLabel::heightForWidth(int width) const {

@@ -1,0 +1,145 @@
+#include "ui/GeneralSettingsView.h"
+
+#include "platform/Language.h"
+#include "ui/Card.h"
+#include "ui/Divider.h"
+#include "ui/FocusRing.h"
+#include "ui/Metrics.h"
+#include "ui/PaintedButton.h"
+#include "ui/Preferences.h"
+#include "ui/SegmentedControl.h"
+#include "ui/SymbolLabel.h"
+#include "ui/Text.h"
+#include "ui/Theme.h"
+#include "ui/WrapLabel.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace veridane::ui {
+namespace {
+
+/// A row of a group; its widgets are added from the left.
+QHBoxLayout* addRow(QVBoxLayout& group) {
+    auto* widget = new QWidget;
+    widget->setMinimumHeight(metrics::settingsRowHeight);
+    auto* row = new QHBoxLayout(widget);
+    row->setContentsMargins(metrics::space12, metrics::space4, metrics::space12, metrics::space4);
+    row->setSpacing(metrics::space10);
+    group.addWidget(widget);
+    return row;
+}
+
+QVBoxLayout* makeGroup(Card& card) {
+    auto* rows = new QVBoxLayout(&card);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    return rows;
+}
+
+} // namespace
+
+GeneralSettingsView::GeneralSettingsView(Preferences& preferences, const Theme& theme,
+                                         QWidget* parent)
+    : QWidget(parent), m_preferences(preferences), m_theme(theme),
+      m_refresh([this] { refresh(); }) {
+    m_appearanceTitle = new Label(theme, TextStyle::headline);
+    m_languageTitle = new Label(theme, TextStyle::headline);
+    for (Label* title : {m_appearanceTitle, m_languageTitle})
+        title->setContentsMargins(metrics::space2, 0, metrics::space2, 0);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(metrics::settingsMargin, metrics::space18, metrics::settingsMargin,
+                               metrics::space18);
+    column->setSpacing(metrics::space6);
+    column->addWidget(m_appearanceTitle);
+    column->addWidget(makeAppearanceGroup());
+    column->addSpacing(metrics::space12);
+    column->addWidget(m_languageTitle);
+    column->addWidget(makeLanguageGroup());
+    column->addStretch();
+
+    m_refresh.on(preferences.appearanceRaw());
+    m_refresh.on(preferences.languageRaw());
+    retranslate();
+}
+
+GeneralSettingsView::~GeneralSettingsView() = default;
+
+QWidget* GeneralSettingsView::makeAppearanceGroup() {
+    auto* card = new Card(m_theme, CardStyle::plain, metrics::settingsGroupRadius);
+    auto* rows = makeGroup(*card);
+    m_modeLabel = new Label(m_theme, TextStyle::body);
+    m_modes = new SegmentedControl(m_theme, static_cast<int>(appearanceModes.size()));
+    for (std::size_t index = 0; index < appearanceModes.size(); ++index)
+        m_modes->segment(static_cast<int>(index))
+            .setObjectName(
+                toQString(std::string(rawString(appearanceModes.at(index))) + "Segment"));
+    connect(m_modes, &SegmentedControl::chosen, this, [this](int segment) {
+        m_preferences.setAppearanceMode(appearanceModes.at(static_cast<std::size_t>(segment)));
+    });
+    auto* choice = addRow(*rows);
+    choice->addWidget(m_modeLabel, 1);
+    choice->addWidget(m_modes);
+
+    m_modeSymbol = new SymbolLabel(m_theme, {}, metrics::symbol, metrics::symbol, Tone::accent);
+    m_modeDescription = new WrapLabel(m_theme, TextStyle::callout, Tone::secondary);
+    rows->addWidget(new Divider(m_theme));
+    auto* description = addRow(*rows);
+    description->addWidget(m_modeSymbol);
+    description->addWidget(m_modeDescription, 1);
+    return card;
+}
+
+QWidget* GeneralSettingsView::makeLanguageGroup() {
+    auto* card = new Card(m_theme, CardStyle::plain, metrics::settingsGroupRadius);
+    auto* rows = makeGroup(*card);
+    m_languageLabel = new Label(m_theme, TextStyle::body);
+    m_languages = new QComboBox;
+    m_languages->setObjectName(QStringLiteral("languageComboBox"));
+    setRing(*m_languages, {.gap = metrics::focusRingGap, .radius = metrics::buttonRadius});
+    for (const AppLanguage language : appLanguages)
+        m_languages->addItem(toQString(label(language)));
+    connect(m_languages, &QComboBox::activated, this, [this](int index) {
+        const AppLanguage language = appLanguages.at(static_cast<std::size_t>(index));
+        m_preferences.setAppLanguage(language);
+        m_preferences.applyLanguage(language);
+    });
+    auto* row = addRow(*rows);
+    row->addWidget(m_languageLabel, 1);
+    row->addWidget(m_languages);
+    return card;
+}
+
+void GeneralSettingsView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void GeneralSettingsView::retranslate() {
+    m_appearanceTitle->setText(toQString(localized("Darstellung")));
+    m_modeLabel->setText(toQString(localized("Erscheinungsmodus")));
+    for (std::size_t index = 0; index < appearanceModes.size(); ++index)
+        m_modes->setTitle(static_cast<int>(index), label(appearanceModes.at(index)));
+    m_languageTitle->setText(toQString(localized("Sprache")));
+    m_languageLabel->setText(m_languageTitle->text());
+    m_languages->setAccessibleName(m_languageTitle->text());
+    for (std::size_t index = 0; index < appLanguages.size(); ++index)
+        m_languages->setItemText(static_cast<int>(index), toQString(label(appLanguages.at(index))));
+    m_refresh.now();
+}
+
+void GeneralSettingsView::refresh() {
+    const AppearanceMode mode = m_preferences.appearanceMode();
+    // A text that names no mode is followed as the system's, but it is no choice of the user's.
+    const bool isKnown = m_preferences.appearanceRaw().get() == rawString(mode);
+    m_modes->choose(isKnown ? static_cast<int>(mode) : -1);
+    m_modeSymbol->show(std::string(symbolName(mode)), Tone::accent);
+    m_modeDescription->setText(toQString(description(mode)));
+    m_languages->setCurrentIndex(static_cast<int>(m_preferences.appLanguage()));
+}
+
+} // namespace veridane::ui

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ui/Refresh.h"
+
+#include <QWidget>
+
+class QComboBox;
+
+namespace veridane::ui {
+
+class Label;
+class Preferences;
+class SegmentedControl;
+class SymbolLabel;
+class Theme;
+class WrapLabel;
+
+/// Appearance and language. A choice takes effect the moment that it is made.
+class GeneralSettingsView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the view.
+    GeneralSettingsView(Preferences& preferences, const Theme& theme, QWidget* parent = nullptr);
+    ~GeneralSettingsView() override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* makeAppearanceGroup();
+    [[nodiscard]] QWidget* makeLanguageGroup();
+    void retranslate();
+    void refresh();
+
+    Preferences& m_preferences;
+    const Theme& m_theme;
+    Refresh m_refresh;
+
+    Label* m_appearanceTitle = nullptr;
+    Label* m_modeLabel = nullptr;
+    SegmentedControl* m_modes = nullptr;
+    SymbolLabel* m_modeSymbol = nullptr;
+    WrapLabel* m_modeDescription = nullptr;
+    Label* m_languageTitle = nullptr;
+    Label* m_languageLabel = nullptr;
+    QComboBox* m_languages = nullptr;
+};
+
+} // namespace veridane::ui

@@ -1,0 +1,95 @@
+#include "ui/SegmentedControl.h"
+
+#include "ui/FocusRing.h"
+#include "ui/Metrics.h"
+#include "ui/PaintedButton.h"
+#include "ui/Painting.h"
+#include "ui/Theme.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace veridane::ui {
+namespace {
+
+constexpr int trackRadius = 7;
+constexpr int trackPadding = 2;
+constexpr int segmentRadius = 5;
+constexpr int segmentHeight = 24;
+constexpr float trackOpacity = 0.8F; // of the quaternary fill
+
+} // namespace
+
+class SegmentedControl::Segment : public PaintedButton {
+public:
+    explicit Segment(const Theme& theme) : PaintedButton(theme) {
+        setCheckable(true);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setRing(*this, {.gap = 0, .radius = segmentRadius});
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        const QFontMetrics widest(theme().font(TextStyle::calloutMedium));
+        return {widest.horizontalAdvance(title()) + 2 * metrics::space12,
+                theme().scaled(segmentHeight)};
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        Q_UNUSED(event);
+        QPainter painter(this);
+        const ThemeColours& colours = theme().colours();
+        if (isChecked()) {
+            painting::fillRounded(painter, rect(), segmentRadius, colours.control);
+            painting::strokeInside(painter, rect(), segmentRadius, colours.controlBorder,
+                                   metrics::hairline);
+        } else if (const QColor fill = stateFill(); fill.alpha() > 0) {
+            painting::fillRounded(painter, rect(), segmentRadius, fill);
+        }
+        painter.setFont(theme().font(isChecked() ? TextStyle::calloutMedium : TextStyle::callout));
+        painter.setPen(colours.text);
+        painter.drawText(rect(), Qt::AlignCenter, title());
+    }
+};
+
+SegmentedControl::SegmentedControl(const Theme& theme, int segments, QWidget* parent)
+    : QWidget(parent), m_theme(theme), m_group(new QButtonGroup(this)) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(trackPadding, trackPadding, trackPadding, trackPadding);
+    row->setSpacing(0);
+    for (int index = 0; index < segments; ++index) {
+        auto* segment = new Segment(theme);
+        m_group->addButton(segment, index);
+        row->addWidget(segment);
+    }
+    connect(m_group, &QButtonGroup::idClicked, this, &SegmentedControl::chosen);
+}
+
+void SegmentedControl::setTitle(int segment, const std::string& title) {
+    this->segment(segment).setTitle(title);
+    updateGeometry();
+}
+
+void SegmentedControl::choose(int segment) {
+    // An exclusive group keeps its last choice, even where there is none now.
+    m_group->setExclusive(segment >= 0);
+    for (QAbstractButton* button : m_group->buttons())
+        button->setChecked(m_group->id(button) == segment);
+    m_group->setExclusive(true);
+}
+
+PaintedButton& SegmentedControl::segment(int index) const {
+    return static_cast<PaintedButton&>(*m_group->button(index));
+}
+
+void SegmentedControl::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event);
+    QColor track = m_theme.colours().quaternary;
+    track.setAlphaF(track.alphaF() * trackOpacity);
+    QPainter painter(this);
+    painting::fillRounded(painter, rect(), trackRadius, track);
+}
+
+} // namespace veridane::ui

@@ -1,0 +1,41 @@
+#include "ui/SettingsView.h"
+
+#include "platform/Language.h"
+#include "ui/GeneralSettingsView.h"
+#include "ui/Metrics.h"
+#include "ui/Text.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+namespace veridane::ui {
+
+SettingsView::SettingsView(Preferences& preferences, const Theme& theme, QWidget* parent)
+    : QWidget(parent) {
+    setObjectName(QStringLiteral("SettingsView"));
+    setFixedSize(metrics::settingsWidth, metrics::settingsHeight);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(new GeneralSettingsView(preferences, theme));
+    retranslate();
+}
+
+void SettingsView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void SettingsView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close))
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void SettingsView::retranslate() {
+    setWindowTitle(toQString(localized("Einstellungen")));
+}
+
+} // namespace veridane::ui

@@ -1,0 +1,269 @@
+// Renders the windows in all their states to pictures, without a display.
+
+#include "coordination/ScanCoordinator.h"
+#include "platform/DrainedQueue.h"
+#include "platform/Language.h"
+#include "sample/SampleVolume.h"
+#include "scan/SystemScanner.h"
+#include "support/VolumeBuilder.h"
+#include "ui/ApplicationLook.h"
+#include "ui/ContentView.h"
+#include "ui/InterfaceLanguage.h"
+#include "ui/Preferences.h"
+#include "ui/SavePanel.h"
+#include "ui/SettingsView.h"
+#include "ui/Text.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <latch>
+
+namespace {
+
+using namespace veridane;
+using namespace veridane::ui;
+
+class NoWorkspace : public Workspace {
+    void openAddress(const std::string&) override {}
+    void revealFile(const Path&) override {}
+    void openApplication(const std::string&) override {}
+};
+
+class NoSavePanel : public SavePanel {
+    std::optional<std::string> chooseFile(const std::string&) override { return std::nullopt; }
+};
+
+/// The machine that the sample is the disk of.
+class SampleMachine : public SystemQueries {
+    std::optional<std::int32_t> arm64Capability() const override { return 1; }
+    bool exists(const Path&) const override { return true; }
+    bool isReadable(const Path&) const override { return true; }
+    std::string osVersion() const override { return "Version 26.4 (Build 25E214)"; }
+};
+
+/// One update check in each of its outcomes, in turn.
+UpdateCheckResult outcome(std::size_t number) {
+    switch (number % 5) {
+    case 0:
+        return UpdateCheckResult::updateAvailable("10.0.1");
+    case 1:
+        return UpdateCheckResult::upToDate("6.3.1");
+    case 2:
+        return UpdateCheckResult::checking();
+    case 3:
+        return UpdateCheckResult::failed("HTTP 404");
+    default:
+        return UpdateCheckResult::noFeed();
+    }
+}
+
+/// The window over the sample Mac, in a state of the picture's choice.
+class Stage {
+public:
+    Stage(AppearanceMode mode, AppLanguage language)
+        : m_look(m_theme),
+          m_preferences(QDir::tempPath() + QStringLiteral("/no-such-folder/none")) {
+        m_theme.setMode(mode);
+        m_language.apply(language);
+        QCoreApplication::processEvents();
+        sample::writeSampleVolume(m_volume);
+    }
+
+    ScanCoordinator& coordinator() { return m_coordinator; }
+
+    void scan() {
+        m_coordinator.startScan();
+        m_queue.drainUntil([this] { return !m_coordinator.isScanning().get(); });
+    }
+    /// A scan that has come some way and goes no further.
+    void scanHalfway() {
+        m_isHeld = true;
+        m_coordinator.startScan();
+        m_queue.drainUntil([this] {
+            const auto& progress = m_coordinator.progress().get();
+            return progress && progress->total > 0;
+        });
+    }
+    void checkUpdates() {
+        m_coordinator.checkAllUpdates();
+        m_queue.drain();
+    }
+    void keepOnlyReady() { m_keepsOnlyReady = true; }
+
+    void selectFirst(Urgency urgency) {
+        for (const ScanItem* item : m_coordinator.filteredItems()) {
+            if (m_coordinator.recommendation(*item).urgency == urgency)
+                return m_coordinator.setSelection(item->id);
+        }
+    }
+
+    void save(const QString& file, QSize size = {1440, 880}) {
+        ContentView window({m_coordinator, m_workspace, m_preferences, m_savePanel, m_theme}, {});
+        window.resize(size);
+        grab(window, file);
+    }
+    void saveSettings(const QString& file) {
+        SettingsView window(m_preferences, m_theme);
+        grab(window, file);
+    }
+
+private:
+    static void grab(QWidget& window, const QString& file) {
+        window.setAttribute(Qt::WA_DontShowOnScreen);
+        window.show(); // its start task stays in the queue
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        if (!window.grab().save(file))
+            std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
+    }
+    std::vector<ScanItem> run(const ScanOptions& options,
+                              const std::function<void(const ScanProgress&)>& onProgress,
+                              const std::stop_token& stop) {
+        if (m_isHeld) {
+            onProgress(
+                {.phase = localized("Analysiere Programme …"), .completed = 185, .total = 412});
+            std::latch stopped(1);
+            const std::stop_callback onStop(stop, [&] { stopped.count_down(); });
+            stopped.wait();
+            return {};
+        }
+        auto items =
+            SystemScanner::scan(m_files, SearchLocations(SearchLocations::homesOnVolume(m_files)),
+                                options, onProgress, stop);
+        if (m_keepsOnlyReady)
+            std::erase_if(items, [](const ScanItem& item) {
+                return item.status != CompatibilityStatus::native || !item.intelComponents.empty();
+            });
+        return items;
+    }
+
+    test::VolumeBuilder m_volume;
+    FileSystem m_files = m_volume.files();
+    SampleMachine m_machine;
+    NoWorkspace m_workspace;
+    NoSavePanel m_savePanel;
+    Theme m_theme;
+    ApplicationLook m_look;
+    InterfaceLanguage m_language;
+    Preferences m_preferences;
+    DrainedQueue m_queue;
+    bool m_isHeld = false;
+    bool m_keepsOnlyReady = false;
+    std::size_t m_checks = 0;
+    ScanCoordinator m_coordinator{
+        {.mainQueue = m_queue,
+         .workspace = m_workspace,
+         .system = m_machine,
+         .scan = [this](const auto& options, const auto& onProgress,
+                        const auto& stop) { return run(options, onProgress, stop); },
+         .checkUpdate = [this](const ScanItem&, auto onResult) { onResult(outcome(m_checks++)); },
+         .clock =
+             [] {
+                 return *parseISO8601("2026-03-14T08:41:00Z");
+             }},
+        std::make_unique<ScanCacheStore>(std::nullopt),
+        std::nullopt};
+};
+
+struct State {
+    const char* name;
+    std::function<void(Stage&, const QString& file)> render;
+};
+
+void renderResult(Stage& stage, const QString& file, const std::function<void()>& choose) {
+    stage.scan();
+    stage.checkUpdates();
+    choose();
+    stage.save(file);
+}
+
+void chooseApplications(Stage& stage) {
+    stage.coordinator().setKindFilter(ItemKind::application);
+    stage.selectFirst(Urgency::partiallyAffected);
+}
+
+const State states[] = {
+    {"first-start",
+     [](Stage& stage, const QString& file) {
+         stage.save(file);
+     }},
+    {"scanning",
+     [](Stage& stage, const QString& file) {
+         stage.scan();
+         stage.checkUpdates();
+         stage.scanHalfway();
+         stage.save(file);
+     }},
+    {"all",
+     [](Stage& stage, const QString& file) {
+         renderResult(stage, file, [&] { stage.selectFirst(Urgency::breaksOnMacOS28); });
+     }},
+    {"applications",
+     [](Stage& stage, const QString& file) {
+         renderResult(stage, file, [&] { chooseApplications(stage); });
+     }},
+    {"attention",
+     [](Stage& stage, const QString& file) {
+         renderResult(stage, file,
+                      [&] { stage.coordinator().setStatusFilter(StatusFilter::needsAttention); });
+     }},
+    {"nothing-found",
+     [](Stage& stage, const QString& file) {
+         renderResult(stage, file, [&] { stage.coordinator().setSearchText("xyzzy"); });
+     }},
+    {"ready",
+     [](Stage& stage, const QString& file) {
+         stage.keepOnlyReady();
+         renderResult(stage, file, [&] { stage.selectFirst(Urgency::ready); });
+     }},
+    {"demo-items",
+     [](Stage& stage, const QString& file) {
+         const std::string arguments[] = {"UITEST_SEED_DATA"};
+         stage.coordinator().applyUITestSeed(arguments);
+         stage.selectFirst(Urgency::breaksOnMacOS28);
+         stage.save(file);
+     }},
+    {"smallest",
+     [](Stage& stage, const QString& file) {
+         stage.scan();
+         stage.checkUpdates();
+         chooseApplications(stage);
+         stage.save(file, {1180, 720});
+     }},
+    {"settings",
+     [](Stage& stage, const QString& file) {
+         stage.saveSettings(file);
+     }},
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 2 || !QDir().mkpath(arguments[1])) {
+        std::fputs("usage: veridane-screenshots DIR [part of a name]\n", stderr);
+        return 2;
+    }
+    const QString wanted = arguments.value(2);
+    const QString scale = qApp->devicePixelRatio() > 1 ? QStringLiteral("@2x") : QString();
+    for (const AppearanceMode mode : {AppearanceMode::light, AppearanceMode::dark}) {
+        for (const AppLanguage language : {AppLanguage::german, AppLanguage::english}) {
+            for (const State& state : states) {
+                const QString name = QStringLiteral("%1-%2-%3%4")
+                                         .arg(toQString(state.name), toQString(rawString(language)),
+                                              toQString(rawString(mode)), scale);
+                if (!name.contains(wanted))
+                    continue;
+                Stage stage(mode, language);
+                state.render(stage, QDir(arguments[1]).filePath(name + QStringLiteral(".png")));
+            }
+        }
+    }
+    return 0;
+}
