@@ -1,0 +1,162 @@
+#include "ui/ContentView.h"
+
+#include "ui/WindowFixture.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QSplitter>
+#include <QTest>
+#include <QToolButton>
+
+namespace veridane::test {
+namespace {
+
+using namespace veridane::ui;
+
+class ContentViewTest : public WindowTest {
+protected:
+    void open(std::vector<std::string> arguments = {"UITEST_SEED_DATA"}) {
+        window.reset();
+        window = std::make_unique<ContentView>(
+            ContentServices{*coordinator, workspace, preferences, savePanel, theme},
+            std::move(arguments));
+        window->show();
+        turn();
+    }
+    bool isEnabled(const char* name) { return find(*window, name).isEnabled(); }
+    bool isActionEnabled(const char* name) { return find<QAction>(*window, name).isEnabled(); }
+
+    std::unique_ptr<ContentView> window;
+};
+
+TEST_F(ContentViewTest, TheFirstStartScansAndLaterOnesShowWhatIsKept) {
+    engine = [](const auto&, const auto&, const auto&) {
+        return std::vector{sampleItem("Alpha", CompatibilityStatus::native)};
+    };
+    open({});
+    EXPECT_TRUE(coordinator->isScanning().get());
+    finishScan();
+    window.reset();
+    start(); // the kept scan is there now
+    open({});
+    EXPECT_FALSE(coordinator->isScanning().get());
+    EXPECT_EQ(shownNames(), Texts{"Alpha"});
+}
+
+TEST_F(ContentViewTest, SeedDataIsShownWithoutAScan) {
+    open();
+    EXPECT_FALSE(coordinator->isScanning().get());
+    EXPECT_EQ(shownNames().size(), 2);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Veridane"));
+}
+
+TEST_F(ContentViewTest, ToolsFollowTheScanAndTheItems) {
+    waitForStop();
+    const auto states = [&] {
+        return std::vector{isEnabled("scanButton"),
+                           isEnabled("checkUpdatesButton"),
+                           isEnabled("exportButton"),
+                           isEnabled("settingsButton"),
+                           isActionEnabled("scanAgainAction"),
+                           isActionEnabled("exportCSVAction")};
+    };
+    open({}); // scans, with nothing to show yet
+    EXPECT_EQ(states(), (std::vector{false, false, false, true, false, false}));
+    coordinator->scanTask().get()->request_stop();
+    finishScan();
+    open();
+    EXPECT_EQ(states(), (std::vector{true, true, true, true, true, true}));
+    QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
+    turn();
+    EXPECT_TRUE(coordinator->isScanning().get());
+    EXPECT_EQ(states(), (std::vector{false, false, true, true, false, true}));
+}
+
+TEST_F(ContentViewTest, TheSearchFieldAndTheSearchedTextFollowEachOther) {
+    open();
+    auto& field = find<QLineEdit>(*window, "searchLineEdit");
+    QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
+    turn();
+    EXPECT_EQ(window->focusWidget(), &field);
+    QTest::keyClicks(&field, QStringLiteral("in"));
+    EXPECT_EQ(coordinator->searchText().get(), "in");
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(coordinator->searchText().get(), "");
+    coordinator->setSearchText("native");
+    turn();
+    EXPECT_EQ(field.text(), QStringLiteral("native"));
+    window.reset();
+    EXPECT_EQ(occurrences(log(), "event=search_text_changed"), 4);
+}
+
+TEST_F(ContentViewTest, EachExportProposesItsNameAndSettingsAreAskedFor) {
+    open();
+    coordinator->setSearchText("no row");
+    for (const char* name : {"exportCSVAction", "exportJSONAction", "exportMarkdownAction"})
+        find<QAction>(*window, name).trigger();
+    EXPECT_EQ(savePanel.proposedNames,
+              (Texts{"rosetta-bericht.csv", "rosetta-bericht.json", "rosetta-bericht.md"}));
+    const QSignalSpy spy(window.get(), &ContentView::settingsRequested);
+    find<QToolButton>(*window, "settingsButton").click();
+    QTest::keyClick(window.get(), Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(spy.count(), 2);
+}
+
+TEST_F(ContentViewTest, SizesHaveTheirLimitsAndAreRemembered) {
+    open();
+    window->resize(10, 10);
+    EXPECT_EQ(window->size(), QSize(1180, 720));
+    window->resize(1300, 750);
+    auto& columns = *window->findChild<QSplitter*>();
+    columns.setSizes({280, 1019});
+    turn();
+    window->close();
+    open();
+    EXPECT_EQ(window->size(), QSize(1300, 750));
+    EXPECT_EQ(window->findChild<QSplitter*>()->sizes().front(), 280);
+}
+
+/// What can be used and has no name, in the accessible tree below an object.
+void collectNameless(QAccessibleInterface* object, Texts& nameless) {
+    static const std::set<QAccessible::Role> roles = {
+        QAccessible::PushButton, QAccessible::CheckBox,     QAccessible::RadioButton,
+        QAccessible::ComboBox,   QAccessible::MenuItem,     QAccessible::ButtonMenu,
+        QAccessible::Tree,       QAccessible::TreeItem,     QAccessible::Table,
+        QAccessible::Cell,       QAccessible::ColumnHeader, QAccessible::ProgressBar};
+    if (!object || object->state().invisible)
+        return;
+    const bool isField = object->role() == QAccessible::EditableText;
+    const bool hasName = !object->text(QAccessible::Name).isEmpty() ||
+                         (isField && !object->text(QAccessible::Description).isEmpty());
+    if ((isField || roles.contains(object->role())) && !hasName)
+        nameless.push_back(object->object() ? object->object()->objectName().toStdString() + " " +
+                                                  object->object()->metaObject()->className()
+                                            : "item " + std::to_string(object->role()));
+    for (int child = 0; child < object->childCount(); ++child)
+        collectNameless(object->child(child), nameless);
+}
+
+TEST_F(ContentViewTest, EverythingThatCanBeUsedHasAName) {
+    waitForStop();
+    open({});
+    const auto nameless = [&] {
+        Texts texts;
+        collectNameless(QAccessible::queryAccessibleInterface(window.get()), texts);
+        return texts;
+    };
+    EXPECT_EQ(nameless(), Texts()) << "while scanning";
+    coordinator->scanTask().get()->request_stop();
+    finishScan();
+    turn();
+    EXPECT_EQ(nameless(), Texts()) << "before a result";
+    open();
+    coordinator->setKindFilter(ItemKind::application);
+    coordinator->setSelection(coordinator->items().get().front().id);
+    turn();
+    EXPECT_EQ(nameless(), Texts()) << "with a result";
+}
+
+} // namespace
+} // namespace veridane::test
