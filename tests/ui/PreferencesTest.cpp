@@ -59,13 +59,15 @@ TEST_F(PreferencesTest, WhatCannotBeUnderstoodCountsAsTheSystemsAndStays) {
         }
         EXPECT_EQ(textOf(file), text);
     }
-    volume.file("/Mirefold", "no folder");
-    {
-        Preferences unwritable = preferences();
-        unwritable.setAppearanceMode(AppearanceMode::light);
-        EXPECT_EQ(unwritable.appearanceMode(), AppearanceMode::light) << "for this run";
+    volume.file("/file", "").fifo("/pipe");
+    for (const char* place : {"/file/Veridane.conf", "/pipe"}) {
+        const QString unusable = toQString(volume.hostPath(place));
+        Preferences(unusable).setAppearanceMode(AppearanceMode::light);
+        Preferences again(unusable);
+        EXPECT_EQ(again.appearanceMode(), AppearanceMode::system) << place;
+        again.setAppearanceMode(AppearanceMode::dark);
+        EXPECT_EQ(again.appearanceMode(), AppearanceMode::dark) << "for this run";
     }
-    EXPECT_EQ(preferences().appearanceMode(), AppearanceMode::system);
 }
 
 TEST_F(PreferencesTest, TheLanguageOfTheNextStartStandsInTheFileUnlessTheSystemChooses) {
