@@ -1,0 +1,26 @@
+#include "ui/FileDialogSavePanel.h"
+
+#include "ui/Text.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QStandardPaths>
+
+namespace veridane::ui {
+
+std::optional<std::string> FileDialogSavePanel::chooseFile(const std::string& proposedName) {
+    if (m_folder.isEmpty())
+        m_folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QFileDialog dialog(m_window);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setDirectory(m_folder);
+    dialog.selectFile(toQString(proposedName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    m_folder = dialog.directory().absolutePath();
+    return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+} // namespace veridane::ui
