@@ -1,9 +1,9 @@
 #include "cli/InspectCommand.h"
 
 #include "cli/InspectionText.h"
-#include "cli/Volume.h"
 #include "platform/Text.h"
 #include "scan/BundleInspector.h"
+#include "scan/ExaminedVolume.h"
 #include "scan/FileItems.h"
 
 #include <algorithm>
@@ -67,9 +67,12 @@ std::string absence(const std::string& path, bool onVolume) {
 
 ExitStatus inspect(const InspectArguments& arguments, const Console& console,
                    const std::stop_token& stop) {
-    const auto files = openVolume(arguments.volume, console);
-    if (!files)
+    const auto opened = openVolume(arguments.volume);
+    if (const auto* error = std::get_if<VolumeError>(&opened)) {
+        complain(console, error->text);
         return failure;
+    }
+    const FileSystem& files = *std::get<ExaminedVolume>(opened).files;
     const bool onVolume = arguments.volume.has_value();
     ExitStatus status = success;
     std::vector<ScanItem> items;
@@ -77,8 +80,8 @@ ExitStatus inspect(const InspectArguments& arguments, const Console& console,
         if (stop.stop_requested())
             return interrupted;
         const auto path = absolute(text, onVolume);
-        if (path && files->exists(*path)) {
-            items.push_back(judge(*files, *path));
+        if (path && files.exists(*path)) {
+            items.push_back(judge(files, *path));
         } else {
             complain(console, absence(text, onVolume));
             status = failure;

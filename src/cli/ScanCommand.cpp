@@ -3,12 +3,12 @@
 #include "cli/ProgressBar.h"
 #include "cli/ScanSummary.h"
 #include "cli/UpdateChecks.h"
-#include "cli/Volume.h"
 #include "model/JsonForms.h"
 #include "model/NativeCounterparts.h"
 #include "model/Recommendation.h"
 #include "platform/AtomicFile.h"
 #include "reports/ReportExporter.h"
+#include "scan/ExaminedVolume.h"
 #include "scan/SystemScanner.h"
 
 #include <algorithm>
@@ -16,14 +16,13 @@
 namespace veridane::cli {
 namespace {
 
-std::vector<ScanItem> scanItems(const FileSystem& files, const SearchLocations& locations,
-                                const ScanArguments& arguments, const Console& console,
-                                const std::stop_token& stop) {
+std::vector<ScanItem> scanItems(const ExaminedVolume& volume, const ScanArguments& arguments,
+                                const Console& console, const std::stop_token& stop) {
     if (!arguments.showsProgress || !console.showsProgress)
-        return SystemScanner::scan(files, locations, arguments.options, {}, stop);
+        return SystemScanner::scan(*volume.files, volume.locations, arguments.options, {}, stop);
     ProgressBar bar(console.err, console.columns);
     return SystemScanner::scan(
-        files, locations, arguments.options,
+        *volume.files, volume.locations, arguments.options,
         [&bar](const ScanProgress& progress) { bar.show(progress); }, stop);
 }
 
@@ -64,16 +63,15 @@ bool deliver(const ScanArguments& arguments, const Console& console, const std::
 
 ExitStatus scan(const ScanArguments& arguments, const Console& console,
                 const std::stop_token& stop) {
-    const auto volume = openVolume(arguments.volume, console);
-    if (!volume)
+    const auto opened = openVolume(arguments.volume, arguments.homes);
+    if (const auto* error = std::get_if<VolumeError>(&opened)) {
+        complain(console, error->text);
         return failure;
-    const auto locations =
-        searchLocations(*volume, arguments.homes, arguments.volume.has_value(), console);
-    if (!locations)
-        return failure;
+    }
     if (arguments.checksUpdates && !canAskTheStore(console))
         return failure;
-    std::vector<ScanItem> items = scanItems(*volume, *locations, arguments, console, stop);
+    std::vector<ScanItem> items =
+        scanItems(std::get<ExaminedVolume>(opened), arguments, console, stop);
     if (arguments.checksUpdates && !stop.stop_requested())
         checkUpdates(items, arguments, console, stop);
     if (stop.stop_requested())
