@@ -268,10 +268,14 @@ void SidebarView::retranslate() {
 }
 
 void SidebarView::refresh() {
+    // The group takes the check away from no row before another one has it.
+    QAbstractButton* chosen =
+        m_statusRows->button(static_cast<int>(m_coordinator.statusFilter().get()));
+    chosen->setChecked(true);
     for (QAbstractButton* button : m_statusRows->buttons()) {
         const auto filter = static_cast<StatusFilter>(m_statusRows->id(button));
         static_cast<SidebarRow*>(button)->setCount(m_coordinator.count(filter));
-        button->setChecked(filter == m_coordinator.statusFilter().get());
+        button->setChecked(button == chosen);
     }
     refreshKinds();
     refreshVendors();

@@ -51,6 +51,16 @@ QColor readable(QColor colour, const QColor& other, double step) {
     return colour;
 }
 
+/// Whether the rows that are tinted with the accent leave the texts on them readable.
+bool hasReadableRows(const ThemeColours& colours) {
+    const QColor active = blended(colours.activeRow, colours.sidebar);
+    const QColor selected = blended(colours.selectedRow, colours.content);
+    return contrastRatio(colours.secondary, active) >= readableText &&
+           std::ranges::all_of(colours.hues, [&](const HueColours& hue) {
+               return contrastRatio(hue.text, selected) >= readableText;
+           });
+}
+
 double channelLuminance(float value) {
     const auto channel = static_cast<double>(value);
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -146,7 +156,15 @@ ThemeColours withAccent(ThemeColours colours, const QColor& accent) {
     for (QColor* shade : {&colours.accent, &colours.accentHover, &colours.accentPressed})
         *shade = readable(inLightnessOf(*shade, accent), colours.onAccent, -lightnessStep);
     colours.accentTint = inLightnessOf(colours.accentTint, accent);
-    const QColor row = blended(translucent(colours.accentTint, 0.18), colours.sidebar);
+    deriveFromAccent(colours, focusOpacity, selectedOpacity);
+    // A vivid yellow is much brighter than an indigo of the same lightness.
+    for (double lightness = static_cast<double>(colours.accentTint.toHsl().lightnessF());
+         !hasReadableRows(colours) && lightness > 0 && lightness < 1;) {
+        lightness += isDark ? -lightnessStep : lightnessStep;
+        colours.accentTint = withLightness(colours.accentTint, lightness);
+        deriveFromAccent(colours, focusOpacity, selectedOpacity);
+    }
+    const QColor row = blended(colours.activeRow, colours.sidebar);
     colours.accentText = readable(inLightnessOf(colours.accentText, accent), row,
                                   isDark ? lightnessStep : -lightnessStep);
     deriveFromAccent(colours, focusOpacity, selectedOpacity);
