@@ -126,6 +126,7 @@ QWidget* SidebarView::makeHeaderCard() {
     row->setSpacing(metrics::space10);
     row->addWidget(icon);
     row->addLayout(texts, 1);
+    row->setAlignment(texts, Qt::AlignVCenter);
 
     auto* frame = new QWidget;
     auto* margins = makeColumn(frame);
