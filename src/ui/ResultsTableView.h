@@ -4,6 +4,9 @@
 
 #include <QWidget>
 
+class QPushButton;
+class QStackedLayout;
+
 namespace veridane {
 class ScanCoordinator;
 class Workspace;
@@ -11,7 +14,9 @@ class Workspace;
 
 namespace veridane::ui {
 
+class EmptyStateView;
 class Preferences;
+class ResultsTable;
 class Theme;
 
 /// The list of what a scan has found, or the invitation to the first one.
@@ -21,8 +26,23 @@ class ResultsTableView : public QWidget {
 public:
     /// All of it must outlive the view.
     ResultsTableView(ScanCoordinator& coordinator, Workspace& workspace, Preferences& preferences,
-                     Theme& theme, QWidget* parent = nullptr);
+                     const Theme& theme, QWidget* parent = nullptr);
     ~ResultsTableView() override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void setTexts();
+    void refresh();
+
+    ScanCoordinator& m_coordinator;
+    // The toolkit's children.
+    QStackedLayout* m_stack;
+    ResultsTable* m_table;
+    EmptyStateView* m_emptyState;
+    QPushButton* m_button;
+    Refresh m_refresh;
 };
 
 } // namespace veridane::ui
