@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/Interruption.h"
+#include "platform/StandardDescriptors.h"
 
-#include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -11,17 +11,6 @@
 #include <string_view>
 
 namespace {
-
-// Else the first files that we open take the place of a closed standard descriptor, and what is
-// printed ends up in them. For reading only, so that printing fails and is told.
-void fillStandardDescriptors() {
-    int descriptor = 0;
-    do
-        descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-    while (descriptor >= 0 && descriptor <= STDERR_FILENO);
-    if (descriptor >= 0)
-        ::close(descriptor);
-}
 
 bool isSet(const char* variable) {
     const char* value = std::getenv(variable);
@@ -43,7 +32,7 @@ std::size_t terminalColumns() {
 } // namespace
 
 int main(int argc, char** argv) {
-    fillStandardDescriptors();
+    veridane::fillStandardDescriptors();
     // A reader that goes away is an output that cannot be written, and told like any other.
     std::signal(SIGPIPE, SIG_IGN);
     const std::vector<std::string> arguments(argv + 1, argv + argc);

@@ -14,8 +14,7 @@ constexpr const char* programDescription =
     "Shows the software on a Mac that depends on Rosetta 2, which macOS 28 takes away.\n"
     "Only reads; nothing on the examined disk is changed.";
 
-constexpr const char* programFooter = R"(
-Examples:
+constexpr const char* programFooter = R"(Examples:
   veridane
       This machine.
   veridane --volume /media/mac
@@ -36,11 +35,22 @@ void protectBrackets(std::vector<std::string>& arguments) {
     }
 }
 
+// They are not for people, and so not known to the library that explains itself to them.
+std::vector<std::string> takeSeeds(std::vector<std::string>& arguments) {
+    const auto seeds = std::ranges::stable_partition(arguments, [](const std::string& argument) {
+        return argument != "UITEST_SEED_DATA" && argument != "UITEST_AUTOMATE_PROGRAM_FILTER";
+    });
+    const std::vector<std::string> taken(seeds.begin(), seeds.end());
+    arguments.erase(seeds.begin(), seeds.end());
+    return taken;
+}
+
 } // namespace
 
 std::variant<LaunchArguments, LaunchAnswer>
 parseLaunchArguments(std::vector<std::string> arguments) {
     LaunchArguments launch;
+    launch.seeds = takeSeeds(arguments);
     CLI::App program(programDescription, "veridane");
     program.set_version_flag("--version", std::string("Veridane ") + productVersion);
     program.add_option("--volume", launch.volume, "Root folder of the Mac to examine (default: /)")
@@ -53,9 +63,6 @@ parseLaunchArguments(std::vector<std::string> arguments) {
         ->type_name("PATH")
         ->allow_extra_args(false)
         ->check(CLI::Validator(emptyIsWrong, ""));
-    program.add_option("seeds", launch.seeds)
-        ->group("") // not for people
-        ->check(CLI::IsMember({"UITEST_SEED_DATA", "UITEST_AUTOMATE_PROGRAM_FILTER"}));
     program.footer(programFooter);
     try {
         protectBrackets(arguments);

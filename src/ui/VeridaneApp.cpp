@@ -1,0 +1,104 @@
+#include "ui/VeridaneApp.h"
+
+#include "coordination/DataDirectory.h"
+#include "platform/CurlHttpClient.h"
+#include "platform/Version.h"
+#include "scan/SystemScanner.h"
+#include "updates/StoreLookup.h"
+#include "updates/UpdateChecker.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QIcon>
+
+#include <cstdint>
+#include <utility>
+
+namespace veridane::ui {
+namespace {
+
+constexpr std::int64_t cacheSchemaVersion = 1;
+
+void nameApplication() {
+    QCoreApplication::setApplicationName(QStringLiteral("Veridane"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Mirefold"));
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(productVersion));
+    QGuiApplication::setDesktopFileName(QStringLiteral("veridane"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/brand/veridane-icon.svg")));
+}
+
+} // namespace
+
+VeridaneApp::VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments)
+    : m_systemAppearance(platformLook(), QDBusConnection::sessionBus()),
+      m_theme(m_systemAppearance.look()), m_look(m_theme), m_volume(std::move(volume)),
+      m_queries(*m_volume.files), m_workspace(arguments.volume.value_or("/")),
+      m_coordinator(
+          services(),
+          std::make_unique<ScanCacheStore>(dataDirectory(arguments.volume), cacheSchemaVersion),
+          dataDirectory(arguments.volume)) {
+    nameApplication();
+    m_preferences.applyLanguage(m_preferences.appLanguage());
+    follow();
+    m_window = std::make_unique<ContentView>(
+        ContentServices{m_coordinator, m_workspace, m_preferences, m_savePanel, m_theme},
+        arguments.seeds);
+    m_savePanel.setWindow(m_window.get());
+    QObject::connect(m_window.get(), &ContentView::settingsRequested, m_window.get(),
+                     [this] { showSettings(); });
+}
+
+VeridaneApp::~VeridaneApp() = default;
+
+CoordinatorServices VeridaneApp::services() {
+    return {
+        .mainQueue = m_queue,
+        .workspace = m_workspace,
+        .system = m_queries,
+        .scan =
+            [this](const auto& options, const auto& onProgress, const auto& stop) {
+                return SystemScanner::scan(m_volume.files->stoppingAt(stop), m_volume.locations,
+                                           options, onProgress, stop);
+            },
+        .checkUpdate =
+            [this](const ScanItem& item, auto onResult) {
+                UpdateChecker::check(item, {client(), storeLookupService()}, std::move(onResult));
+            },
+    };
+}
+
+/// Made when it is needed: most starts end without any transfer.
+HttpClient& VeridaneApp::client() {
+    if (!m_client)
+        m_client = std::make_unique<CurlHttpClient>(HttpSettings::ofEnvironment());
+    return *m_client;
+}
+
+/// Applies language and appearance, now and whenever the user or the desktop changes them.
+void VeridaneApp::follow() {
+    const auto applyLanguage = [this] {
+        m_language.apply(m_preferences.appLanguage());
+    };
+    const auto applyMode = [this] {
+        m_theme.setMode(m_preferences.appearanceMode());
+    };
+    applyLanguage();
+    applyMode();
+    m_onLanguage = m_preferences.languageRaw().observe(applyLanguage);
+    m_onAppearance = m_preferences.appearanceRaw().observe(applyMode);
+    QObject::connect(&m_systemAppearance, &SystemAppearance::changed, &m_theme,
+                     [this] { m_theme.setSystemLook(m_systemAppearance.look()); });
+}
+
+void VeridaneApp::showSettings() {
+    // A new one each time: what it says of a restart is forgotten with the old one.
+    if (!m_settings || !m_settings->isVisible()) {
+        m_settings = std::make_unique<SettingsView>(m_preferences, m_theme);
+        m_settings->setAttribute(Qt::WA_QuitOnClose, false); // the main window alone keeps us here
+    }
+    m_settings->showNormal();
+    m_settings->raise();
+    m_settings->activateWindow();
+}
+
+} // namespace veridane::ui

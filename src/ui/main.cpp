@@ -1,0 +1,89 @@
+#include "platform/StandardDescriptors.h"
+#include "platform/Text.h"
+#include "ui/LaunchArguments.h"
+#include "ui/QuitSignals.h"
+#include "ui/VeridaneApp.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <clocale>
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+using namespace veridane;
+using namespace veridane::ui;
+
+constexpr int failure = 2;
+
+int complain(std::string_view message) {
+    std::cerr << "veridane: " << text::printable(message) << std::endl;
+    return failure;
+}
+
+int tell(const LaunchAnswer& answer) {
+    if (answer.isError)
+        return complain(answer.text);
+    std::cout << answer.text << std::flush;
+    return std::cout ? EXIT_SUCCESS : complain("standard output cannot be written");
+}
+
+/// Whether the toolkit has anything to try: without, it would abort the process.
+bool namesDisplay(const std::vector<std::string>& arguments) {
+#ifdef __APPLE__
+    return true;
+#else
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (const char* value = std::getenv(variable); value && *value != '\0')
+            return true;
+    }
+    return std::ranges::any_of(arguments, [](const std::string& argument) {
+        const auto name = argument.substr(argument.starts_with("--") ? 1 : 0);
+        return name.starts_with("-platform") || name.starts_with("-display");
+    });
+#endif
+}
+
+/// The toolkit's messages while it looks for a display. Where it fails it would end in an abort.
+void endWithoutAbort(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    const std::string text = message.toStdString();
+    complain(type == QtFatalMsg ? "no window can be shown" : text);
+    if (type == QtFatalMsg)
+        std::_Exit(failure);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    fillStandardDescriptors();
+    std::signal(SIGPIPE, SIG_IGN);
+    const std::vector<std::string> given(argv + 1, argv + argc);
+    const auto atOnce = parseLaunchArguments(given);
+    if (const auto* answer = std::get_if<LaunchAnswer>(&atOnce); answer && !answer->isError)
+        return tell(*answer);
+    if (!namesDisplay(given))
+        return complain("there is no display to show a window on; "
+                        "veridane-cli scans in a terminal");
+
+    const auto messageHandler = qInstallMessageHandler(endWithoutAbort);
+    const QApplication application(argc, argv); // takes the arguments that are meant for it
+    qInstallMessageHandler(messageHandler);
+    // The libraries that read files expect numbers in the form of programs, not of people.
+    std::setlocale(LC_NUMERIC, "C");
+
+    const auto parsed = parseLaunchArguments({argv + 1, argv + argc});
+    if (const auto* answer = std::get_if<LaunchAnswer>(&parsed))
+        return tell(*answer);
+    const auto& arguments = std::get<LaunchArguments>(parsed);
+    auto volume = openVolume(arguments.volume, arguments.homes);
+    if (const auto* error = std::get_if<VolumeError>(&volume))
+        return complain(error->text);
+
+    const QuitSignals quitSignals;
+    VeridaneApp app(std::move(std::get<ExaminedVolume>(volume)), arguments);
+    app.showMainWindow();
+    return QApplication::exec();
+}
