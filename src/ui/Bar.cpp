@@ -31,8 +31,9 @@ Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme,
 
     auto* title = new Label(theme, TextStyle::barTitle);
     title->setText(QStringLiteral("Veridane"));
+    title->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* menuBar = new QMenuBar;
-    menuBar->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+    menuBar->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_fileMenu = menuBar->addMenu(QString());
     m_viewMenu = menuBar->addMenu(QString());
     makeActions();

@@ -59,6 +59,7 @@ ResultsTable::ResultsTable(ScanCoordinator& coordinator, Workspace& workspace,
     viewport()->setAttribute(Qt::WA_Hover);
     connect(&theme, &Theme::changed, viewport(), qOverload<>(&QWidget::update));
     nameForAssistiveTechnology();
+    m_isRefreshing = false;
 }
 
 ResultsTable::~ResultsTable() = default;

@@ -9,6 +9,7 @@
 #include <QSplitter>
 #include <QTest>
 #include <QToolButton>
+#include <QTreeView>
 
 namespace veridane::test {
 namespace {
@@ -116,6 +117,15 @@ TEST_F(ContentViewTest, SizesHaveTheirLimitsAndAreRemembered) {
     open();
     EXPECT_EQ(window->size(), QSize(1300, 750));
     EXPECT_EQ(window->findChild<QSplitter*>()->sizes().front(), 280);
+}
+
+TEST_F(ContentViewTest, WhatIsSelectedAtTheStartIsShownSelected) {
+    open();
+    coordinator->setSelection(coordinator->filteredItems().back()->id);
+    open({});
+    const auto& table = find<QTreeView>(*window, "resultsTable");
+    ASSERT_EQ(table.selectionModel()->selectedRows().size(), 1);
+    EXPECT_EQ(table.selectionModel()->selectedRows().front().row(), 1);
 }
 
 /// What can be used and has no name, in the accessible tree below an object.
