@@ -41,7 +41,7 @@ QSize WrapLabel::layOut(int width, QPainter* painter) const {
 }
 
 int WrapLabel::heightForWidth(int width) const {
-    return layOut(width, nullptr).height();
+    return layOut(std::min(width, maximumWidth()), nullptr).height();
 }
 
 QSize WrapLabel::sizeHint() const {
