@@ -7,7 +7,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402  the version is to be chosen first
 
-DEADLINE = 60  # seconds; what is waited for takes a fraction of one
+DEADLINE = 30  # seconds; what is waited for takes a fraction of one
 LISTS = ("tree", "tree table", "table")
 BUTTONS = ("push button", "toggle button", "check box", "radio button")
 MENU_ITEMS = ("menu item", "check menu item", "radio menu item", "menu")

@@ -79,7 +79,11 @@ class Program:
             if self.process.poll() is not None:
                 raise AssertionError(f"{what}: the program ended with {self.process.returncode}")
             return self.root and condition(self.root)
-        return wait(what, answer, lambda: self.root)
+        try:
+            return wait(what, answer, lambda: self.root)
+        except AssertionError:
+            DESKTOP.picture("desktop.window.png")  # in the folder that the test runs in
+            raise
 
     def wait_for(self, roles, name):
         return self.wait(name, lambda root: tree.find(root, roles, name))
