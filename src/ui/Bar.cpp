@@ -150,8 +150,9 @@ void Bar::paintEvent(QPaintEvent* event) {
 }
 
 void Bar::retranslate() {
-    m_fileMenu->setTitle(toQString(localized("Datei")));
-    m_viewMenu->setTitle(toQString(localized("Ansicht")));
+    // Alt and the first letter open them, in each language.
+    m_fileMenu->setTitle(QLatin1Char('&') + toQString(localized("Datei")));
+    m_viewMenu->setTitle(QLatin1Char('&') + toQString(localized("Ansicht")));
     m_scanAgain->setText(toQString(localized("Erneut scannen")));
     m_exportCSV->setText(toQString(localized("Als CSV exportieren …")));
     m_exportJSON->setText(toQString(localized("Als JSON exportieren …")));

@@ -78,7 +78,7 @@ void drawSymbolAndText(const Theme& theme, QPainter& painter, QRect rect, const 
     }
     painter.setFont(fontOf(theme, role));
     painter.setPen(colour);
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, text);
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextHideMnemonic, text);
 }
 
 void drawBordered(const Theme& theme, const QStyleOption& option, QPainter& painter,
@@ -93,7 +93,7 @@ void drawBordered(const Theme& theme, const QStyleOption& option, QPainter& pain
 
 int contentWidth(const Theme& theme, const QWidget* widget, ButtonRole role, const QString& text) {
     const int textWidth =
-        QFontMetrics(fontOf(theme, role)).size(Qt::TextShowMnemonic, text).width();
+        QFontMetrics(fontOf(theme, role)).size(Qt::TextHideMnemonic, text).width();
     return symbolNameOf(widget).empty() ? textWidth
                                         : textWidth + symbolSize(role) + metrics::space6;
 }
@@ -164,7 +164,7 @@ QSize toolSize(const Theme& theme, const QStyleOptionToolButton& option) {
     const Shape shape = shapeOf(ButtonRole::tool);
     int width = metrics::symbol + metrics::space6 + 2 * shape.padding +
                 QFontMetrics(fontOf(theme, ButtonRole::tool))
-                    .size(Qt::TextShowMnemonic, option.text)
+                    .size(Qt::TextHideMnemonic, option.text)
                     .width();
     if (option.features.testFlag(QStyleOptionToolButton::HasMenu))
         width += metrics::space6 + metrics::chevron;

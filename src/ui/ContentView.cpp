@@ -44,7 +44,7 @@ QVBoxLayout* makeColumn(QWidget* parent) {
 
 ContentView::ContentView(const ContentServices& services, std::vector<std::string> launchArguments,
                          QWidget* parent)
-    : QWidget(parent), m_services(services), m_launchArguments(std::move(launchArguments)),
+    : QMainWindow(parent), m_services(services), m_launchArguments(std::move(launchArguments)),
       m_outerColumns(new QSplitter(Qt::Horizontal)), m_innerColumns(new QSplitter(Qt::Horizontal)) {
     setObjectName(QStringLiteral("ContentView"));
     setWindowTitle(QStringLiteral("Veridane"));
@@ -74,7 +74,13 @@ ContentView::ContentView(const ContentServices& services, std::vector<std::strin
     m_outerColumns->setStretchFactor(1, 1);
     m_innerColumns->setStretchFactor(0, 1);
     m_innerColumns->setStretchFactor(1, 0);
-    makeColumn(this)->addWidget(m_outerColumns);
+    // The columns of a splitter stand in the tree of assistive technology in the opposite order of
+    // their insertion, unless their stacking says otherwise.
+    rest->lower();
+    sidebar->lower();
+    detail->lower();
+    m_innerColumns->widget(0)->lower();
+    setCentralWidget(m_outerColumns);
     restoreLayout();
 }
 
@@ -112,7 +118,7 @@ void ContentView::saveLayout() {
 
 void ContentView::closeEvent(QCloseEvent* event) {
     saveLayout();
-    QWidget::closeEvent(event);
+    QMainWindow::closeEvent(event);
 }
 
 void ContentView::paintEvent(QPaintEvent* event) {
@@ -121,9 +127,10 @@ void ContentView::paintEvent(QPaintEvent* event) {
 }
 
 void ContentView::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
+    QMainWindow::showEvent(event);
     if (std::exchange(m_hasStarted, true))
         return;
+    setFocus(); // which the table gets
     // In a turn of its own, so that the window is there before the work begins.
     QMetaObject::invokeMethod(this, &ContentView::runStartTask, Qt::QueuedConnection);
 }

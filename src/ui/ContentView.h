@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 
 #include <string>
 #include <vector>
@@ -29,7 +29,7 @@ struct ContentServices {
 
 /// The main window: sidebar, content and details side by side below their bar. When it appears for
 /// the first time, it starts a scan unless there is a kept one to show.
-class ContentView : public QWidget {
+class ContentView : public QMainWindow {
     Q_OBJECT
 
 public:

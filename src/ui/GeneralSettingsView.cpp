@@ -13,6 +13,7 @@
 #include "ui/Theme.h"
 #include "ui/WrapLabel.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QVBoxLayout>
@@ -110,6 +111,7 @@ QWidget* GeneralSettingsView::makeLanguageGroup() {
     auto* row = addRow(*rows);
     row->addWidget(m_languageLabel, 1);
     row->addWidget(m_languages);
+    m_languageLabel->setBuddy(m_languages); // on Linux the name of a pop-up is its choice
     return card;
 }
 
@@ -127,6 +129,7 @@ void GeneralSettingsView::retranslate() {
     m_languageTitle->setText(toQString(localized("Sprache")));
     m_languageLabel->setText(m_languageTitle->text());
     m_languages->setAccessibleName(m_languageTitle->text());
+    m_languages->view()->setAccessibleName(m_languageTitle->text());
     for (std::size_t index = 0; index < appLanguages.size(); ++index)
         m_languages->setItemText(static_cast<int>(index), toQString(label(appLanguages.at(index))));
     m_refresh.now();

@@ -59,7 +59,7 @@ void drawEntry(const Theme& theme, const QStyleOptionMenuItem& option, QPainter&
     const QRect rect = option.rect.adjusted(metrics::space10, 0, -metrics::space10, 0);
     painter.setFont(theme.font(TextStyle::body));
     painter.setPen(theme.textColour(isSelected ? Tone::onAccent : Tone::primary));
-    painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text);
+    painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic, text);
     painter.setPen(theme.textColour(isSelected ? Tone::onAccent : Tone::secondary));
     painter.drawText(rect, Qt::AlignVCenter | Qt::AlignRight, shortcut);
     painter.restore();
@@ -70,7 +70,7 @@ QSize entrySize(const Theme& theme, const QStyleOptionMenuItem& option) {
         return {2 * metrics::space10, 2 * metrics::space4 + metrics::hairline};
     const QFontMetrics font(theme.font(TextStyle::body));
     const auto [text, shortcut] = textsOf(option);
-    int width = font.size(Qt::TextShowMnemonic, text).width() + 2 * metrics::space10;
+    int width = font.size(Qt::TextHideMnemonic, text).width() + 2 * metrics::space10;
     if (!shortcut.isEmpty())
         width += shortcutGap + font.horizontalAdvance(shortcut);
     return {width, theme.lineHeight(TextStyle::body) + 2 * metrics::menuPadding};
@@ -88,13 +88,13 @@ void drawTitle(const Theme& theme, const QStyleOptionMenuItem& option, QPainter&
     painter.save();
     painter.setFont(theme.font(TextStyle::body));
     painter.setPen(theme.textColour(Tone::secondary));
-    painter.drawText(rect, Qt::AlignCenter | Qt::TextShowMnemonic, option.text);
+    painter.drawText(rect, Qt::AlignCenter | Qt::TextHideMnemonic, option.text);
     painter.restore();
 }
 
 QSize titleSize(const Theme& theme, const QStyleOptionMenuItem& option) {
     const QFontMetrics font(theme.font(TextStyle::body));
-    return {font.size(Qt::TextShowMnemonic, option.text).width() + 2 * metrics::space8,
+    return {font.size(Qt::TextHideMnemonic, option.text).width() + 2 * metrics::space8,
             theme.lineHeight(TextStyle::body) + 2 * metrics::menuPadding};
 }
 

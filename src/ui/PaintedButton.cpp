@@ -4,12 +4,65 @@
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
+#include <QAccessibleWidget>
 #include <QFocusEvent>
 
 namespace veridane::ui {
 
+namespace {
+
+/// The toolkit's own answer to a press of a checkable button turns its check over, and nobody hears
+/// of a click.
+class AccessiblePaintedButton : public QAccessibleWidget {
+public:
+    explicit AccessiblePaintedButton(PaintedButton* button)
+        : QAccessibleWidget(button,
+                            button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button,
+                            button->text()) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = button().isCheckable();
+        state.checked = button().isChecked();
+        state.pressed = button().isDown();
+        return state;
+    }
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name && button().accessibleName().isEmpty())
+            return button().title();
+        return QAccessibleWidget::text(kind);
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return {QAccessibleActionInterface::pressAction(),
+                QAccessibleActionInterface::setFocusAction()};
+    }
+    void doAction(const QString& name) override {
+        if (name == QAccessibleActionInterface::pressAction())
+            button().click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& name) const override {
+        Q_UNUSED(name);
+        return {};
+    }
+
+private:
+    [[nodiscard]] PaintedButton& button() const { return static_cast<PaintedButton&>(*widget()); }
+};
+
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+    Q_UNUSED(className);
+    auto* button = qobject_cast<PaintedButton*>(object);
+    return button ? new AccessiblePaintedButton(button) : nullptr;
+}
+
+} // namespace
+
 PaintedButton::PaintedButton(const Theme& theme, QWidget* parent)
     : QPushButton(parent), m_theme(theme) {
+    static const bool isInstalled = (QAccessible::installFactory(makeAccessible), true);
+    Q_UNUSED(isInstalled);
     setAttribute(Qt::WA_Hover);
     setAutoDefault(false);
     connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));

@@ -65,7 +65,7 @@ ResultsTable::ResultsTable(ScanCoordinator& coordinator, Workspace& workspace,
 ResultsTable::~ResultsTable() = default;
 
 void ResultsTable::nameForAssistiveTechnology() {
-    setAccessibleName(toQString(localized("Programme")));
+    setAccessibleName(toQString(localized("Ergebnisse")));
 }
 
 void ResultsTable::refresh() {

@@ -79,7 +79,7 @@ private:
     Workspace& m_workspace;
     ResultsModel m_model;
     ResultsDelegate m_delegate;
-    ResultsHeader* m_header; // the toolkit's child
+    ResultsHeader* m_header;    // the toolkit's child
     bool m_isRefreshing = true; // what is selected meanwhile is not the user's choice
 
     std::optional<QPoint> m_pointer; // while it is over the rows

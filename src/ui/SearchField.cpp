@@ -69,8 +69,7 @@ void SearchField::changeEvent(QEvent* event) {
 
 void SearchField::retranslate() {
     setPlaceholderText(toQString(localized("Name, Hersteller, Pfad …")));
-    m_clear->setToolTip(toQString(localized("Suche löschen")));
-    m_clear->setAccessibleName(m_clear->toolTip());
+    m_clear->setAccessibleName(toQString(localized("Suche löschen")));
 }
 
 void SearchField::keyPressEvent(QKeyEvent* event) {

@@ -6,13 +6,12 @@
 #include "ui/Text.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace veridane::ui {
 
 SettingsView::SettingsView(Preferences& preferences, const Theme& theme, QWidget* parent)
-    : QWidget(parent) {
+    : QDialog(parent) {
     setObjectName(QStringLiteral("SettingsView"));
     setFixedSize(metrics::settingsWidth, metrics::settingsHeight);
     auto* column = new QVBoxLayout(this);
@@ -24,14 +23,7 @@ SettingsView::SettingsView(Preferences& preferences, const Theme& theme, QWidget
 void SettingsView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
-    QWidget::changeEvent(event);
-}
-
-void SettingsView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close))
-        close();
-    else
-        QWidget::keyPressEvent(event);
+    QDialog::changeEvent(event);
 }
 
 void SettingsView::retranslate() {

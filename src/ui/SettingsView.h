@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QDialog>
 
 namespace veridane::ui {
 
@@ -8,7 +8,7 @@ class Preferences;
 class Theme;
 
 /// The settings window.
-class SettingsView : public QWidget {
+class SettingsView : public QDialog {
     Q_OBJECT
 
 public:
@@ -17,7 +17,6 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void retranslate();

@@ -268,7 +268,7 @@ TEST_F(ResultsTableTest, AnotherLanguageReachesHeaderCellsAndInvitation) {
     QCoreApplication::sendEvent(view.get(), &event);
     QCoreApplication::sendEvent(table, &event);
     EXPECT_EQ(text(0, 5), "Check");
-    EXPECT_EQ(table->accessibleName(), QStringLiteral("Applications"));
+    EXPECT_EQ(table->accessibleName(), QStringLiteral("Results"));
     EXPECT_EQ(view->findChild<QPushButton*>()->text(), QStringLiteral("Scan Now"));
     setLanguage(Language::german);
 }
