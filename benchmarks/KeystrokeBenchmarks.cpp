@@ -1,54 +1,15 @@
-#include "coordination/ScanCoordinator.h"
-#include "coordination/VolumeQueries.h"
-#include "platform/DrainedQueue.h"
+#include "BenchCoordinator.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"
-#include "sample-items/SampleItems.h"
-#include "support/VolumeBuilder.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 #include <string>
 
 namespace veridane::benchmarks {
 namespace {
-
-class SilentWorkspace : public Workspace {
-    void openAddress(const std::string&) override {}
-    void revealFile(const Path&) override {}
-    void openApplication(const std::string&) override {}
-};
-
-/// A window's coordinator after a scan that has found `count` items.
-class Window {
-public:
-    explicit Window(std::size_t count)
-        : m_coordinator({.mainQueue = m_queue,
-                         .workspace = m_workspace,
-                         .system = m_queries,
-                         .scan = [count](const auto&, const auto&,
-                                         const auto&) { return sample::sampleItems(count); },
-                         .checkUpdate =
-                             [](const auto&, const auto&) {
-                             }},
-                        std::make_unique<ScanCacheStore>(m_data.root()), m_data.root()) {
-        m_coordinator.startScan();
-        m_queue.drainUntil([this] { return !m_coordinator.isScanning().get(); });
-    }
-
-    [[nodiscard]] ScanCoordinator& coordinator() { return m_coordinator; }
-
-private:
-    test::VolumeBuilder m_data;
-    FileSystem m_files{m_data.root()};
-    VolumeQueries m_queries{m_files};
-    SilentWorkspace m_workspace;
-    DrainedQueue m_queue;
-    ScanCoordinator m_coordinator;
-};
 
 // As somebody types: everything matches, then less and less, and back.
 constexpr const char* typed[] = {"s", "st", "studio", "studio he", "studio", "st", "s", ""};
@@ -56,7 +17,7 @@ constexpr const char* typed[] = {"s", "st", "studio", "studio he", "studio", "st
 /// A write of the search text with all that follows: the selection is held against what is shown,
 /// the window logs the change, the table reads its list.
 void keystroke(benchmark::State& state) {
-    Window window(static_cast<std::size_t>(state.range(0)));
+    BenchCoordinator window(static_cast<std::size_t>(state.range(0)));
     ScanCoordinator& coordinator = window.coordinator();
     coordinator.setSearchText("studio he");
     coordinator.setSelection(coordinator.filteredItems().back()->id);
