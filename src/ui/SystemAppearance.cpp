@@ -62,7 +62,10 @@ SystemLook lookOf(const QPalette& platform, const QPalette& standard, int fontSi
     const QColor highlight = colour(platform, QPalette::Highlight);
     SystemLook look;
     look.isDark = text.lightness() > window.lightness();
-    look.wantsHighContrast = contrastRatio(text, window) > highContrastRatio;
+    // The standard palette itself is as harsh, and nobody has asked for that one.
+    const bool isStandard = text == colour(standard, QPalette::WindowText) &&
+                            window == colour(standard, QPalette::Window);
+    look.wantsHighContrast = !isStandard && contrastRatio(text, window) > highContrastRatio;
     if (highlight != colour(standard, QPalette::Highlight))
         look.accent = highlight;
     if (fontSize > largestUsualFontSize)
@@ -81,6 +84,7 @@ SystemAppearance::SystemAppearance(const SystemLook& platform, const QDBusConnec
     : QObject(parent), m_platform(platform) {
     if (!bus.isConnected())
         return;
+    qRegisterMetaType<QDBusVariant>(); // else the first connection to such a slot fails
     QDBusConnection(bus).connect(portalService, portalPath, portalInterface,
                                  QStringLiteral("SettingChanged"), this,
                                  SLOT(takeSetting(QString, QString, QDBusVariant)));

@@ -6,9 +6,12 @@
 #include <QDBusVariant>
 #include <QDesktopServices>
 #include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QUrl>
 
 #include <array>
+#include <memory>
 
 namespace veridane::ui {
 namespace {
@@ -77,8 +80,8 @@ TEST_F(WorkspaceTest, WithoutAFileManagerTheNearestFolderOnTheVolumeIsOpened) {
 }
 
 TEST(SystemAppearance, TheLookFollowsFromThePlatformsPaletteAndFont) {
-    const QPalette standard(Qt::black, Qt::white, Qt::white, Qt::black, Qt::gray, Qt::black,
-                            Qt::white);
+    const std::unique_ptr<QStyle> fusion(QStyleFactory::create(QStringLiteral("fusion")));
+    const QPalette standard = fusion->standardPalette();
     const auto palette = [&](QColor text, QColor window) {
         QPalette changed = standard;
         changed.setColor(QPalette::WindowText, text);
@@ -93,6 +96,7 @@ TEST(SystemAppearance, TheLookFollowsFromThePlatformsPaletteAndFont) {
         int fontSize;
         SystemLook look;
     } cases[] = {
+        {"no desktop", standard, 12, {}},
         {"light", palette(QColor(40, 40, 40), QColor(240, 240, 240)), 15, {}},
         {"dark", palette(QColor(230, 230, 230), QColor(30, 30, 30)), 9, {.isDark = true}},
         {"black on white", palette(Qt::black, Qt::white), 13, {.wantsHighContrast = true}},
