@@ -66,7 +66,7 @@ class Program:
         self.data = data or tempfile.mkdtemp(dir=DESKTOP.folder)
         self.log = f"window-{next(self.numbers)}"
         self.process = DESKTOP.start(self.log, PROGRAMS.window, *arguments,
-                                     XDG_DATA_HOME=self.data)
+                                     XDG_DATA_HOME=self.data, XDG_CONFIG_HOME=self.data)
 
     @property
     def root(self):
