@@ -1,13 +1,13 @@
 #pragma once
 
-#include "coordination/CoordinatorFixture.h"
+#include "ui/WindowFixture.h"
 
 #include <QAbstractItemModel>
 #include <QAbstractItemModelTester>
 
 namespace veridane::ui {
 
-class ResultsTest : public test::CoordinatorTest {
+class ResultsTest : public test::WindowTest {
 protected:
     /// "App 1000" and on. Every third one needs Rosetta; every second one, from the first, can be
     /// checked for updates.

@@ -1,11 +1,9 @@
 #include "ui/ResultsTable.h"
 
 #include "platform/Language.h"
-#include "ui/Preferences.h"
 #include "ui/ResultsFixture.h"
 #include "ui/ResultsTableView.h"
 #include "ui/Text.h"
-#include "ui/Theme.h"
 
 #include <QAbstractEventDispatcher>
 #include <QContextMenuEvent>
@@ -60,15 +58,11 @@ protected:
             item.status = CompatibilityStatus::native;
         return result;
     }
-    static void turn() {
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents(); // what the first has asked for, such as painting
-    }
     void open(int count = 0) {
         if (count > 0)
             show(items(count));
         view = std::make_unique<ResultsTableView>(*coordinator, workspace, preferences, theme);
-        table = view->findChild<ResultsTable*>(QStringLiteral("resultsTable"));
+        table = &find<ResultsTable>(*view, "resultsTable");
         view->resize(840, 430);
         view->show();
         turn();
@@ -95,15 +89,13 @@ protected:
     }
     std::string topName() const { return text(table->indexAt({0, 0}).row(), 0); }
 
-    Preferences preferences{toQString(volume.hostPath("/Veridane.conf"))};
-    Theme theme;
     std::unique_ptr<ResultsTableView> view;
     ResultsTable* table = nullptr;
 };
 
 TEST_F(ResultsTableTest, TheInvitationStandsOnlyWhereNothingIsAndNothingIsComing) {
     open();
-    auto* button = view->findChild<QPushButton*>(QStringLiteral("startScanButton"));
+    auto* button = &find<QPushButton>(*view, "startScanButton");
     EXPECT_TRUE(button->isVisible() && !table->isVisible());
     waitForStop();
     QTest::mouseClick(button, Qt::LeftButton);
@@ -248,6 +240,7 @@ TEST_F(ResultsTableTest, FourHundredResultsAreOneRefreshAndTheWheelTurnsMeanwhil
     const auto idle = timers();
     coordinator->checkAllUpdates();
     turn();
+    table->viewport()->repaint();
     EXPECT_EQ(timers(), idle + 1);
     ASSERT_EQ(checks.size(), 400U);
     QSignalSpy changes(table->model(), &QAbstractItemModel::dataChanged);
