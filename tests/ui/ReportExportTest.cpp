@@ -29,7 +29,6 @@ public:
 class ReportExportTest : public test::CoordinatorTest {
 protected:
     AnsweringPanel panel;
-    std::string file = volume.hostPath("/report");
 };
 
 TEST_F(ReportExportTest, EachReportHasAllItemsOfTheMomentWhateverTheFilterShows) {
@@ -39,7 +38,7 @@ TEST_F(ReportExportTest, EachReportHasAllItemsOfTheMomentWhateverTheFilterShows)
         {ReportExport::exportMarkdown, "rosetta-bericht.md"},
     };
     coordinator->setSearchText("first");
-    panel.answer = file;
+    panel.answer = volume.hostPath("/report");
     panel.whileOpen = [this] {
         show({});
     };
@@ -48,7 +47,7 @@ TEST_F(ReportExportTest, EachReportHasAllItemsOfTheMomentWhateverTheFilterShows)
         show({test::sampleItem("First", CompatibilityStatus::needsRosetta),
               test::sampleItem("Second", CompatibilityStatus::needsRosetta)});
         exportReport(*coordinator, panel);
-        const std::string text = textOf(file);
+        const std::string text = textOf(*panel.answer);
         EXPECT_EQ(panel.proposed.back(), name);
         for (const char* item : {"First", "Second"})
             EXPECT_NE(text.find(item), std::string::npos) << text;
