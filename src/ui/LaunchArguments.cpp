@@ -37,11 +37,12 @@ void protectBrackets(std::vector<std::string>& arguments) {
 
 // They are not for people, and so not known to the library that explains itself to them.
 std::vector<std::string> takeSeeds(std::vector<std::string>& arguments) {
-    const auto seeds = std::ranges::stable_partition(arguments, [](const std::string& argument) {
+    const auto isNoSeed = [](const std::string& argument) {
         return argument != "UITEST_SEED_DATA" && argument != "UITEST_AUTOMATE_PROGRAM_FILTER";
-    });
-    const std::vector<std::string> taken(seeds.begin(), seeds.end());
-    arguments.erase(seeds.begin(), seeds.end());
+    };
+    const auto seeds = std::stable_partition(arguments.begin(), arguments.end(), isNoSeed);
+    std::vector<std::string> taken(seeds, arguments.end());
+    arguments.erase(seeds, arguments.end());
     return taken;
 }
 

@@ -47,10 +47,9 @@ public:
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void takeSetting(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
+    // For the bus, which knows functions by their names.
+    Q_SLOT void takeSetting(const QString& group, const QString& key, const QDBusVariant& value);
     void takeAll(const QVariantMap& settings);
 
     SystemLook m_platform;

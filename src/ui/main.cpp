@@ -75,15 +75,16 @@ int main(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C");
 
     const auto parsed = parseLaunchArguments({argv + 1, argv + argc});
-    if (const auto* answer = std::get_if<LaunchAnswer>(&parsed))
-        return tell(*answer);
-    const auto& arguments = std::get<LaunchArguments>(parsed);
-    auto volume = openVolume(arguments.volume, arguments.homes);
-    if (const auto* error = std::get_if<VolumeError>(&volume))
-        return complain(error->text);
+    const auto* arguments = std::get_if<LaunchArguments>(&parsed);
+    if (!arguments)
+        return tell(*std::get_if<LaunchAnswer>(&parsed));
+    auto opened = openVolume(arguments->volume, arguments->homes);
+    auto* volume = std::get_if<ExaminedVolume>(&opened);
+    if (!volume)
+        return complain(std::get_if<VolumeError>(&opened)->text);
 
     const QuitSignals quitSignals;
-    VeridaneApp app(std::move(std::get<ExaminedVolume>(volume)), arguments);
+    VeridaneApp app(std::move(*volume), *arguments);
     app.showMainWindow();
     return QApplication::exec();
 }

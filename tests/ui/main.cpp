@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLocale>
 #include <QStandardPaths>
 
 #include <gtest/gtest.h>
@@ -10,5 +11,6 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QStringLiteral("de"))); // as the program does, whatever the locale
     return RUN_ALL_TESTS();
 }
