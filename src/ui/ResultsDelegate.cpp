@@ -236,7 +236,7 @@ QString ResultsDelegate::helpTagAt(const QPoint& point, const QRect& cell,
     const Places places = placesIn(cell, content, index);
     if (places.badge.contains(point))
         return index.data(Qt::AccessibleDescriptionRole).toString();
-    const QString tag = index.data(Qt::ToolTipRole).toString();
+    QString tag = index.data(Qt::ToolTipRole).toString();
     if (!tag.isEmpty())
         return tag;
     return places.isCut ? content.text : QString();
