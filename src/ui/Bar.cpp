@@ -177,15 +177,18 @@ void Bar::retranslate() {
 void Bar::refresh() {
     const bool isScanning = m_coordinator.isScanning().get();
     const bool hasItems = !m_coordinator.items().get().empty();
+    if (isScanning && m_scan->hasFocus())
+        window()->setFocus(); // else the toolkit gives it to the next tool, which opens a menu
     m_scan->setEnabled(!isScanning);
     m_scanAgain->setEnabled(!isScanning);
     m_checkUpdates->setEnabled(!isScanning && hasItems);
     m_export->setEnabled(hasItems);
     for (QAction* action : {m_exportCSV, m_exportJSON, m_exportMarkdown})
         action->setEnabled(hasItems);
-    const QString searched = toQString(m_coordinator.searchText().get());
-    if (m_searchField->text() != searched)
-        m_searchField->setText(searched);
+    // Not the other way round: not every text of the field comes back from UTF-8 as it was.
+    const std::string& searched = m_coordinator.searchText().get();
+    if (m_searchField->text().toStdString() != searched)
+        m_searchField->setText(toQString(searched));
 }
 
 } // namespace veridane::ui

@@ -26,11 +26,23 @@ namespace {
 QString windowLayout() {
     return QStringLiteral("mainWindow");
 }
-QString outerLayout() {
-    return QStringLiteral("mainWindowSidebar");
+QString columnsLayout() {
+    return QStringLiteral("mainWindowColumns");
 }
-QString innerLayout() {
-    return QStringLiteral("mainWindowDetail");
+
+/// The widths of the outer columns, kept as two numbers: the toolkit's own form holds more, and a
+/// damaged one would turn the columns into rows.
+struct ColumnWidths {
+    int sidebar = metrics::sidebarIdeal;
+    int detail = metrics::detailIdeal;
+};
+
+ColumnWidths widthsFrom(const QByteArray& kept) {
+    const QList<QByteArray> words = kept.split(' ');
+    if (words.size() != 2)
+        return {};
+    return {std::clamp(words[0].toInt(), metrics::sidebarMinimum, metrics::sidebarMaximum),
+            std::clamp(words[1].toInt(), metrics::detailMinimum, metrics::detailMaximum)};
 }
 
 QVBoxLayout* makeColumn(QWidget* parent) {
@@ -103,17 +115,16 @@ void ContentView::restoreLayout() {
     const QSize available = screen()->availableSize();
     resize(QSize(metrics::windowWidth, metrics::windowHeight).boundedTo(available));
     restoreGeometry(m_services.preferences.layout(windowLayout()));
-    if (!m_outerColumns->restoreState(m_services.preferences.layout(outerLayout())))
-        m_outerColumns->setSizes({metrics::sidebarIdeal, width() - metrics::sidebarIdeal});
-    if (!m_innerColumns->restoreState(m_services.preferences.layout(innerLayout())))
-        m_innerColumns->setSizes(
-            {width() - metrics::sidebarIdeal - metrics::detailIdeal, metrics::detailIdeal});
+    const ColumnWidths widths = widthsFrom(m_services.preferences.layout(columnsLayout()));
+    m_outerColumns->setSizes({widths.sidebar, width() - widths.sidebar});
+    m_innerColumns->setSizes({width() - widths.sidebar - widths.detail, widths.detail});
 }
 
 void ContentView::saveLayout() {
     m_services.preferences.setLayout(windowLayout(), saveGeometry());
-    m_services.preferences.setLayout(outerLayout(), m_outerColumns->saveState());
-    m_services.preferences.setLayout(innerLayout(), m_innerColumns->saveState());
+    m_services.preferences.setLayout(columnsLayout(),
+                                     QByteArray::number(m_outerColumns->sizes().first()) + ' ' +
+                                         QByteArray::number(m_innerColumns->sizes().last()));
 }
 
 void ContentView::closeEvent(QCloseEvent* event) {

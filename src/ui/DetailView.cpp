@@ -125,6 +125,7 @@ void DetailView::show(const ScanItem& item) {
     const UrgencyLook look = lookOf(recommendation.urgency);
     m_kindSymbol->show(std::string(symbolName(item.kind)), Tone::accent);
     m_name->setText(toQString(item.name));
+    m_scrollArea->setAccessibleName(m_name->text());
     m_kind->setText(toQString(displayName(item.kind)));
     m_verdictBox->setTone(look.tone);
     m_urgencySymbol->show(std::string(look.symbol), look.tone);

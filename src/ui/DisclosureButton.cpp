@@ -40,6 +40,14 @@ QSize DisclosureButton::sizeHint() const {
     return {0, theme().scaled(metrics::kindRowHeight)};
 }
 
+QAccessible::State DisclosureButton::accessibleState() const {
+    QAccessible::State state;
+    state.expandable = true;
+    state.expanded = isChecked();
+    state.collapsed = !isChecked();
+    return state;
+}
+
 void DisclosureButton::nextCheckState() {
     setChecked(!isChecked());
 }

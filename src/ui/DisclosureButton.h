@@ -16,6 +16,7 @@ public:
     DisclosureButton(const Theme& theme, std::string symbol, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QAccessible::State accessibleState() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -2,15 +2,19 @@
 
 #include "ui/Text.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace veridane::ui {
 
 std::optional<std::string> FileDialogSavePanel::chooseFile(const std::string& proposedName) {
-    if (m_folder.isEmpty())
+    if (!QFileInfo(m_folder).isDir())
         m_folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(m_folder).isDir())
+        m_folder = QDir::homePath();
     QFileDialog dialog(m_window);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -17,14 +17,18 @@ class AccessiblePaintedButton : public QAccessibleWidget {
 public:
     explicit AccessiblePaintedButton(PaintedButton* button)
         : QAccessibleWidget(button,
-                            button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button,
+                            button->accessibleState().checkable ? QAccessible::CheckBox
+                                                                : QAccessible::Button,
                             button->text()) {}
 
     [[nodiscard]] QAccessible::State state() const override {
+        const QAccessible::State special = button().accessibleState();
         QAccessible::State state = QAccessibleWidget::state();
-        state.checkable = button().isCheckable();
-        state.checked = button().isChecked();
-        state.pressed = button().isDown();
+        state.checkable = special.checkable;
+        state.checked = special.checked;
+        state.expandable = special.expandable;
+        state.expanded = special.expanded;
+        state.collapsed = special.collapsed;
         return state;
     }
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
@@ -71,6 +75,13 @@ PaintedButton::PaintedButton(const Theme& theme, QWidget* parent)
 void PaintedButton::setTitle(std::string_view title) {
     m_title = toQString(title);
     setText(withoutMnemonics(title));
+}
+
+QAccessible::State PaintedButton::accessibleState() const {
+    QAccessible::State state;
+    state.checkable = isCheckable();
+    state.checked = isChecked();
+    return state;
 }
 
 QColor PaintedButton::stateFill() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAccessible>
 #include <QPushButton>
 
 #include <string_view>
@@ -22,6 +23,9 @@ public:
     /// The text as it is shown; an "&" in it is an "&".
     void setTitle(std::string_view title);
     [[nodiscard]] const QString& title() const { return m_title; }
+
+    /// What assistive technology is told beyond what every widget tells.
+    [[nodiscard]] virtual QAccessible::State accessibleState() const;
 
 protected:
     [[nodiscard]] const Theme& theme() const { return m_theme; }

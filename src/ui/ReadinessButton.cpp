@@ -1,6 +1,7 @@
 #include "ui/ReadinessButton.h"
 
 #include "ui/FocusRing.h"
+#include "ui/Label.h"
 #include "ui/Metrics.h"
 #include "ui/Painting.h"
 #include "ui/Text.h"
@@ -17,15 +18,28 @@ constexpr int actionGap = 5;
 } // namespace
 
 ReadinessButton::ReadinessButton(const Theme& theme, QWidget* parent)
-    : PaintedButton(theme, parent) {
+    : PaintedButton(theme, parent),
+      m_action(new Label(theme, TextStyle::calloutSemibold, Tone::orange, this)) {
+    m_action->setAttribute(Qt::WA_TransparentForMouseEvents);
     setFont(theme.font(TextStyle::calloutMedium));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setRing(*this, {.gap = 0, .radius = metrics::buttonRadius});
 }
 
 void ReadinessButton::setAction(std::string_view action) {
-    m_action = toQString(action);
-    update();
+    m_action->setText(toQString(action));
+    place();
+}
+
+void ReadinessButton::place() {
+    const int width = m_action->sizeHint().width();
+    const int right = this->width() - overhang - metrics::smallSymbol - actionGap;
+    m_action->setGeometry(right - width, 0, width, height());
+}
+
+void ReadinessButton::resizeEvent(QResizeEvent* event) {
+    PaintedButton::resizeEvent(event);
+    place();
 }
 
 QSize ReadinessButton::sizeHint() const {
@@ -50,12 +64,7 @@ void ReadinessButton::paintEvent(QPaintEvent* event) {
     theme().drawSymbol(painter,
                        {line.right() + 1 - metrics::smallSymbol, 0, metrics::smallSymbol, height()},
                        "arrow.right.circle.fill", metrics::smallSymbol, Tone::orange);
-    line.setRight(line.right() - metrics::smallSymbol - actionGap);
-    painter.setFont(theme().font(TextStyle::calloutSemibold));
-    painter.setPen(theme().textColour(Tone::orange));
-    painter.drawText(line, Qt::AlignVCenter | Qt::AlignRight, m_action);
-    line.setRight(line.right() - painter.fontMetrics().horizontalAdvance(m_action) -
-                  metrics::space8);
+    line.setRight(m_action->x() - metrics::space8);
 
     painter.setFont(font());
     painter.setPen(theme().colours().text);

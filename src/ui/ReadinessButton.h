@@ -6,6 +6,8 @@
 
 namespace veridane::ui {
 
+class Label;
+
 /// The sentence that something needs Rosetta 2; a press shows what.
 class ReadinessButton : public PaintedButton {
     Q_OBJECT
@@ -20,9 +22,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QString m_action;
+    void place();
+
+    Label* m_action; // an object of its own, so that it can be read
 };
 
 } // namespace veridane::ui

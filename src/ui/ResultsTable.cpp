@@ -173,7 +173,7 @@ void ResultsTable::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
         if (isSearching) // for a name with a blank in it
             break;
-        checkUpdate(currentIndex());
+        checkUpdate(m_model.index(selectedRow(), updateColumn)); // the current row may be unmarked
         return;
     case Qt::Key_Up:
     case Qt::Key_Down:

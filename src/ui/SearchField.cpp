@@ -69,6 +69,7 @@ void SearchField::changeEvent(QEvent* event) {
 
 void SearchField::retranslate() {
     setPlaceholderText(toQString(localized("Name, Hersteller, Pfad …")));
+    setAccessibleName(placeholderText());
     m_clear->setAccessibleName(toQString(localized("Suche löschen")));
 }
 

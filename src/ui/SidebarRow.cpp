@@ -68,8 +68,8 @@ void SidebarRow::paintEvent(QPaintEvent* event) {
 }
 
 bool SidebarRow::event(QEvent* event) {
-    const bool isCut = fontMetrics().horizontalAdvance(title()) > titleRect().width();
-    if (event->type() != QEvent::ToolTip || !isCut)
+    if (event->type() != QEvent::ToolTip ||
+        fontMetrics().horizontalAdvance(title()) <= titleRect().width())
         return PaintedButton::event(event);
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), helpTag(title()), this);
     return true;

@@ -309,10 +309,11 @@ void SidebarView::refreshVendors() {
     while (m_vendors.size() < available.size())
         addVendorRow();
     for (std::size_t index = 0; index < m_vendors.size(); ++index) {
-        SidebarRow* row = m_vendors[index];
+        auto& [row, vendor] = m_vendors[index];
         row->setVisible(index < available.size());
         if (index >= available.size())
             continue;
+        vendor = available[index].vendor;
         row->setTitle(available[index].vendor);
         row->setCount(available[index].count);
         row->setChecked(available[index].vendor == chosen);
@@ -324,8 +325,8 @@ void SidebarView::addVendorRow() {
     SidebarRow* row = addRow(*m_vendorColumn, "person.circle", true);
     row->setObjectName(QStringLiteral("vendorSidebarRow"));
     connect(row, &QAbstractButton::clicked, this,
-            [this, row] { chooseVendor(row->title().toStdString()); });
-    m_vendors.push_back(row);
+            [this, index = m_vendors.size()] { chooseVendor(m_vendors[index].vendor); });
+    m_vendors.push_back({row, {}});
 }
 
 } // namespace veridane::ui

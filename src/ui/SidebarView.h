@@ -75,7 +75,11 @@ private:
     QWidget* m_vendorGroup = nullptr;
     QVBoxLayout* m_vendorColumn = nullptr;
     SidebarRow* m_allVendors = nullptr;
-    std::vector<SidebarRow*> m_vendors; // those behind the available vendors are hidden
+    struct VendorRow {
+        SidebarRow* row;
+        std::string vendor; // a title does not give every text back
+    };
+    std::vector<VendorRow> m_vendors; // those behind the available vendors are hidden
 };
 
 } // namespace veridane::ui

@@ -62,7 +62,9 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     const std::vector<std::string> given(argv + 1, argv + argc);
     const auto atOnce = parseLaunchArguments(given);
-    if (const auto* answer = std::get_if<LaunchAnswer>(&atOnce); answer && !answer->isError)
+    const auto* answer = std::get_if<LaunchAnswer>(&atOnce);
+    // What looks wrong may still be the toolkit's, once that has a display.
+    if (answer && (!answer->isError || !namesDisplay(given)))
         return tell(*answer);
     if (!namesDisplay(given))
         return complain("there is no display to show a window on; "

@@ -124,10 +124,6 @@ def nameless(root):
     for node in walk(root):
         if node.get_role_name() not in INTERACTIVE or node.get_name():
             continue
-        # A field may say it by its prompt, which is told as the description.
-        if node.get_role_name() in FIELDS and (
-                node.get_description() or not has_state(node, "editable")):
-            continue
         found.append(" < ".join(line(part) for part in ancestors(node)))
     return found
 

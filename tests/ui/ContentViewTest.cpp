@@ -131,16 +131,14 @@ TEST_F(ContentViewTest, WhatIsSelectedAtTheStartIsShownSelected) {
 /// What can be used and has no name, in the accessible tree below an object.
 void collectNameless(QAccessibleInterface* object, Texts& nameless) {
     static const std::set<QAccessible::Role> roles = {
-        QAccessible::PushButton, QAccessible::CheckBox,     QAccessible::RadioButton,
-        QAccessible::ComboBox,   QAccessible::MenuItem,     QAccessible::ButtonMenu,
-        QAccessible::Tree,       QAccessible::TreeItem,     QAccessible::Table,
-        QAccessible::Cell,       QAccessible::ColumnHeader, QAccessible::ProgressBar};
+        QAccessible::PushButton,  QAccessible::EditableText, QAccessible::CheckBox,
+        QAccessible::RadioButton, QAccessible::ComboBox,     QAccessible::MenuItem,
+        QAccessible::ButtonMenu,  QAccessible::Tree,         QAccessible::TreeItem,
+        QAccessible::Table,       QAccessible::Cell,         QAccessible::ColumnHeader,
+        QAccessible::ProgressBar};
     if (!object || object->state().invisible)
         return;
-    const bool isField = object->role() == QAccessible::EditableText;
-    const bool hasName = !object->text(QAccessible::Name).isEmpty() ||
-                         (isField && !object->text(QAccessible::Description).isEmpty());
-    if ((isField || roles.contains(object->role())) && !hasName)
+    if (roles.contains(object->role()) && object->text(QAccessible::Name).isEmpty())
         nameless.push_back(object->object() ? object->object()->objectName().toStdString() + " " +
                                                   object->object()->metaObject()->className()
                                             : "item " + std::to_string(object->role()));
