@@ -24,6 +24,7 @@ void ApplicationLook::apply() {
     const QPalette palette = m_style->themePalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    // Each with all that is in it, so that no widget has to listen for itself.
     for (QWidget* window : QApplication::topLevelWidgets())
         window->update();
 }

@@ -5,6 +5,7 @@
 #include "ui/ButtonRole.h"
 #include "ui/FocusRing.h"
 #include "ui/Label.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/ReportExport.h"
 #include "ui/SearchField.h"
@@ -27,7 +28,6 @@ Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme,
     : QWidget(parent), m_coordinator(coordinator), m_savePanel(savePanel), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     setFixedHeight(theme.scaled(metrics::barHeight));
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 
     auto* title = new Label(theme, TextStyle::barTitle);
     title->setText(QStringLiteral("Veridane"));
@@ -41,9 +41,8 @@ Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme,
     makeTools();
     makeSearchField();
 
-    auto* row = new QHBoxLayout(this);
+    auto* row = makeRow(this, metrics::space4);
     row->setContentsMargins(metrics::space12, 0, metrics::space12, metrics::hairline);
-    row->setSpacing(metrics::space4);
     row->addWidget(title);
     row->addSpacing(metrics::barTitleGap);
     row->addWidget(menuBar, 0, Qt::AlignVCenter);

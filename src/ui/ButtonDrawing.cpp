@@ -13,8 +13,6 @@
 namespace veridane::ui::button_drawing {
 namespace {
 
-constexpr double disabledOpacity = 0.38;
-
 struct Shape {
     int height;
     int padding; // left and right of the label
@@ -107,7 +105,7 @@ void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
     const double radius = shapeOf(role).radius;
     painter.save();
     if (!has(option, QStyle::State_Enabled))
-        painter.setOpacity(disabledOpacity);
+        painter.setOpacity(opacity::disabled);
     if (isProminent(role)) {
         painting::fillRounded(painter, option.rect, radius,
                               isPressed(option)   ? colours.accentPressed
@@ -124,7 +122,7 @@ void drawLabel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
     const ButtonRole role = buttonRole(widget);
     painter.save();
     if (!has(option, QStyle::State_Enabled))
-        painter.setOpacity(disabledOpacity);
+        painter.setOpacity(opacity::disabled);
     const int width = contentWidth(theme, widget, role, option.text);
     const QRect rect(option.rect.x() + (option.rect.width() - width) / 2, option.rect.y(), width,
                      option.rect.height());
@@ -145,7 +143,7 @@ void drawTool(const Theme& theme, const QStyleOptionToolButton& option, QPainter
     const Shape shape = shapeOf(ButtonRole::tool);
     painter.save();
     if (!has(option, QStyle::State_Enabled))
-        painter.setOpacity(disabledOpacity);
+        painter.setOpacity(opacity::disabled);
     if (isPressed(option) || isHovered(option))
         painting::fillRounded(painter, option.rect, shape.radius,
                               isPressed(option) ? theme.colours().pressed : theme.colours().hover);
@@ -174,7 +172,7 @@ QSize toolSize(const Theme& theme, const QStyleOptionToolButton& option) {
 void drawPopUp(const Theme& theme, const QStyleOptionComboBox& option, QPainter& painter) {
     painter.save();
     if (!has(option, QStyle::State_Enabled))
-        painter.setOpacity(disabledOpacity);
+        painter.setOpacity(opacity::disabled);
     drawBordered(theme, option, painter, metrics::buttonRadius);
     const QRect rect = option.rect.adjusted(metrics::popUpPadding, 0, -metrics::space8, 0);
     painter.setFont(theme.font(TextStyle::body));

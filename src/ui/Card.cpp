@@ -9,9 +9,7 @@
 namespace veridane::ui {
 
 Card::Card(const Theme& theme, CardStyle style, int radius, QWidget* parent)
-    : QFrame(parent), m_theme(theme), m_style(style), m_radius(radius) {
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
-}
+    : QFrame(parent), m_theme(theme), m_style(style), m_radius(radius) {}
 
 void Card::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);

@@ -4,6 +4,7 @@
 #include "ui/Bar.h"
 #include "ui/DetailView.h"
 #include "ui/Divider.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/Preferences.h"
 #include "ui/ResultsTableView.h"
@@ -12,6 +13,7 @@
 #include "ui/Theme.h"
 
 #include <QCloseEvent>
+#include <QFocusEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QSplitter>
@@ -45,13 +47,6 @@ ColumnWidths widthsFrom(const QByteArray& kept) {
             std::clamp(words[1].toInt(), metrics::detailMinimum, metrics::detailMaximum)};
 }
 
-QVBoxLayout* makeColumn(QWidget* parent) {
-    auto* column = new QVBoxLayout(parent);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    return column;
-}
-
 } // namespace
 
 ContentView::ContentView(const ContentServices& services, std::vector<std::string> launchArguments,
@@ -61,7 +56,6 @@ ContentView::ContentView(const ContentServices& services, std::vector<std::strin
     setObjectName(QStringLiteral("ContentView"));
     setWindowTitle(QStringLiteral("Veridane"));
     setMinimumSize(metrics::windowMinimumWidth, metrics::windowMinimumHeight);
-    connect(&services.theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 
     auto* sidebar = new SidebarView(services.coordinator, services.theme);
     sidebar->setMinimumWidth(metrics::sidebarMinimum);
@@ -104,10 +98,9 @@ QWidget* ContentView::makeContentColumn() {
     auto* column = makeColumn(content);
     column->addWidget(new SummaryHeaderView(m_services.coordinator, m_services.theme));
     column->addWidget(new Divider(m_services.theme));
-    auto* results = new ResultsTableView(m_services.coordinator, m_services.workspace,
-                                         m_services.preferences, m_services.theme);
-    column->addWidget(results, 1);
-    setFocusProxy(results);
+    m_results = new ResultsTableView(m_services.coordinator, m_services.workspace,
+                                     m_services.preferences, m_services.theme);
+    column->addWidget(m_results, 1);
     return content;
 }
 
@@ -130,6 +123,12 @@ void ContentView::saveLayout() {
 void ContentView::closeEvent(QCloseEvent* event) {
     saveLayout();
     QMainWindow::closeEvent(event);
+}
+
+// Not by a proxy: with one, the Tab key comes back to the table from the end of the window, and
+// never to what stands in front of it.
+void ContentView::focusInEvent(QFocusEvent* event) {
+    m_results->setFocus(event->reason());
 }
 
 void ContentView::paintEvent(QPaintEvent* event) {

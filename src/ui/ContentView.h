@@ -15,6 +15,7 @@ class Workspace;
 namespace veridane::ui {
 
 class Preferences;
+class ResultsTableView;
 class SavePanel;
 class Theme;
 
@@ -43,6 +44,7 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -55,6 +57,7 @@ private:
     ContentServices m_services;
     std::vector<std::string> m_launchArguments;
     bool m_hasStarted = false;
+    ResultsTableView* m_results = nullptr;
     QSplitter* m_outerColumns; // the sidebar and the rest
     QSplitter* m_innerColumns; // content and details
 };

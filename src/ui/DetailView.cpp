@@ -3,6 +3,9 @@
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
 #include "ui/EmptyStateView.h"
+#include "ui/FocusRing.h"
+#include "ui/Label.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SymbolLabel.h"
 #include "ui/Text.h"
@@ -12,6 +15,7 @@
 #include "ui/WrapLabel.h"
 
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -20,18 +24,13 @@ namespace veridane::ui {
 
 DetailView::DetailView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
     : QWidget(parent), m_coordinator(coordinator), m_theme(theme), m_refresh([this] { refresh(); }),
-      m_emptyState(new EmptyStateView(theme, "sidebar.right")), m_scrollArea(new QScrollArea) {
+      m_emptyState(new EmptyStateView(theme, "sidebar.right")) {
     setObjectName(QStringLiteral("DetailView"));
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
-    m_scrollArea->setFrameShape(QFrame::NoFrame);
-    m_scrollArea->setWidgetResizable(true);
-    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scrollArea->setWidget(makeBlocks());
-    m_scrollArea->viewport()->setAutoFillBackground(false);
-    m_scrollArea->widget()->setAutoFillBackground(false);
+    m_scrollArea = makeScrollArea(makeBlocks());
+    m_scrollArea->setObjectName(QStringLiteral("detailScrollArea"));
+    setRing(*m_scrollArea, {.gap = -metrics::focusRingWidth}); // inside
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* column = makeColumn(this);
     column->addWidget(m_emptyState);
     column->addWidget(m_scrollArea);
 
@@ -44,10 +43,9 @@ DetailView::~DetailView() = default;
 
 QWidget* DetailView::makeBlocks() {
     auto* blocks = new QWidget;
-    auto* column = new QVBoxLayout(blocks);
+    auto* column = makeColumn(blocks, metrics::space16);
     column->setContentsMargins(metrics::space16, metrics::space16, metrics::space16,
                                metrics::space16);
-    column->setSpacing(metrics::space16);
     column->addWidget(makeHeader());
     column->addWidget(makeVerdictBox());
     column->addStretch();
@@ -62,15 +60,12 @@ QWidget* DetailView::makeHeader() {
     m_name->setObjectName(QStringLiteral("detailNameLabel"));
     m_kind = new Label(m_theme, TextStyle::callout, Tone::secondary);
     m_kind->setObjectName(QStringLiteral("detailKindLabel"));
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(metrics::space2);
+    auto* texts = makeColumn(nullptr, metrics::space2);
     texts->addWidget(m_name);
     texts->addWidget(m_kind);
 
     auto* header = new QWidget;
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(metrics::space12);
+    auto* row = makeRow(header, metrics::space12);
     row->addWidget(m_kindSymbol);
     row->addLayout(texts, 1);
     return header;
@@ -83,17 +78,16 @@ QWidget* DetailView::makeVerdictBox() {
     m_verdict->setObjectName(QStringLiteral("verdictLabel"));
     m_advice = new WrapLabel(m_theme, TextStyle::callout, Tone::secondary);
     m_advice->setObjectName(QStringLiteral("adviceLabel"));
-    auto* row = new QHBoxLayout;
-    row->setSpacing(metrics::space8);
+    auto* row = makeRow(nullptr, metrics::space8);
     row->addWidget(m_urgencySymbol);
     row->addWidget(m_verdict, 1);
 
-    m_verdictBox =
-        new TintedBox(m_theme, {.fill = 0.10, .border = 0.35, .radius = metrics::verdictBoxRadius});
-    auto* column = new QVBoxLayout(m_verdictBox);
+    m_verdictBox = new TintedBox(m_theme, {.fill = opacity::verdictFill,
+                                           .border = opacity::verdictBorder,
+                                           .radius = metrics::verdictBoxRadius});
+    auto* column = makeColumn(m_verdictBox, metrics::space8);
     column->setContentsMargins(metrics::space12, metrics::space12, metrics::space12,
                                metrics::space12);
-    column->setSpacing(metrics::space8);
     column->addLayout(row);
     column->addWidget(m_advice);
     return m_verdictBox;

@@ -45,7 +45,7 @@ private:
     Refresh m_refresh;
 
     EmptyStateView* m_emptyState;
-    QScrollArea* m_scrollArea;
+    QScrollArea* m_scrollArea = nullptr;
     SymbolLabel* m_kindSymbol = nullptr;
     WrapLabel* m_name = nullptr;
     Label* m_kind = nullptr;

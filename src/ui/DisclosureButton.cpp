@@ -1,7 +1,7 @@
 #include "ui/DisclosureButton.h"
 
+#include "ui/FocusRing.h"
 #include "ui/Metrics.h"
-#include "ui/Painting.h"
 #include "ui/Theme.h"
 
 #include <QPainter>
@@ -24,6 +24,7 @@ DisclosureButton::DisclosureButton(const Theme& theme, std::string symbol, QWidg
     setCheckable(true);
     setFont(theme.font(TextStyle::subheadline));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setRing(*this, {.gap = insideGap, .radius = metrics::sidebarRowRadius});
     m_turn->setDuration(turnMilliseconds);
     connect(m_turn, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     connect(this, &QAbstractButton::toggled, this, [this](bool isOpen) {
@@ -55,8 +56,7 @@ void DisclosureButton::nextCheckState() {
 void DisclosureButton::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
-    if (const QColor fill = stateFill(); fill.alpha() > 0)
-        painting::fillRounded(painter, rect(), metrics::sidebarRowRadius, fill);
+    paintState(painter, metrics::sidebarRowRadius);
 
     int x = metrics::space6;
     const QRect chevron(x, 0, metrics::disclosureChevron, height());
@@ -81,9 +81,6 @@ void DisclosureButton::paintEvent(QPaintEvent* event) {
     painter.setFont(font());
     painter.setPen(theme().colours().secondary);
     painter.drawText(rect().adjusted(x, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, title());
-    if (showsFocus())
-        painting::strokeInside(painter, rect(), metrics::sidebarRowRadius,
-                               theme().colours().focusRing, metrics::focusRingWidth);
 }
 
 } // namespace veridane::ui

@@ -9,7 +9,6 @@ namespace veridane::ui {
 
 Divider::Divider(const Theme& theme, QWidget* parent) : QWidget(parent), m_theme(theme) {
     setFixedHeight(metrics::hairline);
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 void Divider::paintEvent(QPaintEvent* event) {

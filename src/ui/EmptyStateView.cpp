@@ -1,5 +1,6 @@
 #include "ui/EmptyStateView.h"
 
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SymbolLabel.h"
 #include "ui/Text.h"
@@ -16,13 +17,12 @@ namespace veridane::ui {
 EmptyStateView::EmptyStateView(const Theme& theme, std::string symbol, QWidget* parent)
     : QWidget(parent), m_title(new Label(theme, TextStyle::title2)),
       m_description(new WrapLabel(theme, TextStyle::callout, Tone::secondary)),
-      m_column(new QVBoxLayout(this)) {
+      m_column(makeColumn(this)) {
     m_title->setAlignment(Qt::AlignCenter);
     m_description->setAlignment(Qt::AlignCenter);
     m_description->setMaximumWidth(metrics::emptyStateTextWidth);
     m_column->setContentsMargins(metrics::space16, 0, metrics::space16,
                                  2 * metrics::emptyStateLift);
-    m_column->setSpacing(0);
     m_column->addStretch();
     m_column->addWidget(new SymbolLabel(theme, std::move(symbol), metrics::emptyStateSymbol,
                                         metrics::emptyStateSymbol, Tone::tertiary),

@@ -1,6 +1,5 @@
 #include "ui/FocusRing.h"
 
-#include "ui/Metrics.h"
 #include "ui/Painting.h"
 #include "ui/Theme.h"
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Metrics.h"
+
 #include <QFocusFrame>
 #include <QPointer>
 
@@ -12,10 +14,11 @@ class Theme;
 
 /// How a widget wants its ring; without a call it gets none.
 struct RingShape {
-    int gap = 2;    // between the widget and the ring
-    int radius = 0; // of the widget's corners
+    int gap = metrics::focusRingGap; // between the widget and the ring; see `insideGap`
+    int radius = 0;                  // of the widget's corners
     bool isAlwaysShown = false;
 };
+inline constexpr int insideGap = -metrics::focusRingWidth; // for a ring within the widget's edge
 void setRing(QWidget& widget, const RingShape& shape);
 
 /// Draws the ring around the widget that has the keyboard's focus, in every window.

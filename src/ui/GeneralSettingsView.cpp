@@ -4,6 +4,7 @@
 #include "ui/Card.h"
 #include "ui/Divider.h"
 #include "ui/FocusRing.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/PaintedButton.h"
 #include "ui/Preferences.h"
@@ -16,6 +17,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -27,18 +29,10 @@ namespace {
 QHBoxLayout* addRow(QVBoxLayout& group) {
     auto* widget = new QWidget;
     widget->setMinimumHeight(metrics::settingsRowHeight);
-    auto* row = new QHBoxLayout(widget);
+    auto* row = makeRow(widget, metrics::space10);
     row->setContentsMargins(metrics::space12, metrics::space4, metrics::space12, metrics::space4);
-    row->setSpacing(metrics::space10);
     group.addWidget(widget);
     return row;
-}
-
-QVBoxLayout* makeGroup(Card& card) {
-    auto* rows = new QVBoxLayout(&card);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-    return rows;
 }
 
 } // namespace
@@ -51,10 +45,9 @@ GeneralSettingsView::GeneralSettingsView(Preferences& preferences, const Theme& 
     m_languageTitle = new Label(theme, TextStyle::headline);
     for (Label* title : {m_appearanceTitle, m_languageTitle})
         title->setContentsMargins(metrics::space2, 0, metrics::space2, 0);
-    auto* column = new QVBoxLayout(this);
+    auto* column = makeColumn(this, metrics::space6);
     column->setContentsMargins(metrics::settingsMargin, metrics::space18, metrics::settingsMargin,
                                metrics::space18);
-    column->setSpacing(metrics::space6);
     column->addWidget(m_appearanceTitle);
     column->addWidget(makeAppearanceGroup());
     column->addSpacing(metrics::space12);
@@ -71,7 +64,7 @@ GeneralSettingsView::~GeneralSettingsView() = default;
 
 QWidget* GeneralSettingsView::makeAppearanceGroup() {
     auto* card = new Card(m_theme, CardStyle::plain, metrics::settingsGroupRadius);
-    auto* rows = makeGroup(*card);
+    auto* rows = makeColumn(card);
     m_modeLabel = new Label(m_theme, TextStyle::body);
     m_modes = new SegmentedControl(m_theme, static_cast<int>(appearanceModes.size()));
     for (std::size_t index = 0; index < appearanceModes.size(); ++index)
@@ -96,11 +89,11 @@ QWidget* GeneralSettingsView::makeAppearanceGroup() {
 
 QWidget* GeneralSettingsView::makeLanguageGroup() {
     auto* card = new Card(m_theme, CardStyle::plain, metrics::settingsGroupRadius);
-    auto* rows = makeGroup(*card);
+    auto* rows = makeColumn(card);
     m_languageLabel = new Label(m_theme, TextStyle::body);
     m_languages = new QComboBox;
     m_languages->setObjectName(QStringLiteral("languageComboBox"));
-    setRing(*m_languages, {.gap = metrics::focusRingGap, .radius = metrics::buttonRadius});
+    setRing(*m_languages, {.radius = metrics::buttonRadius});
     for (const AppLanguage language : appLanguages)
         m_languages->addItem(toQString(label(language)));
     connect(m_languages, &QComboBox::activated, this, [this](int index) {

@@ -14,7 +14,6 @@ Label::Label(const Theme& theme, TextStyle style, Tone tone, QWidget* parent)
     : QLabel(parent), m_theme(theme), m_style(style), m_tone(tone) {
     setFont(theme.font(style));
     setTextFormat(Qt::PlainText);
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 void Label::setTone(Tone tone) {

@@ -11,9 +11,6 @@
 namespace veridane::ui::menu_drawing {
 namespace {
 
-constexpr double disabledOpacity = 0.38;
-constexpr int shortcutGap = 24;
-
 bool isSeparator(const QStyleOptionMenuItem& option) {
     return option.menuItemType == QStyleOptionMenuItem::Separator;
 }
@@ -52,7 +49,7 @@ void drawEntry(const Theme& theme, const QStyleOptionMenuItem& option, QPainter&
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
     const bool isSelected = isEnabled && option.state.testFlag(QStyle::State_Selected);
     if (!isEnabled)
-        painter.setOpacity(disabledOpacity);
+        painter.setOpacity(opacity::disabled);
     if (isSelected)
         painting::fillRounded(painter, option.rect, metrics::menuEntryRadius, colours.accent);
     const auto [text, shortcut] = textsOf(option);
@@ -72,7 +69,7 @@ QSize entrySize(const Theme& theme, const QStyleOptionMenuItem& option) {
     const auto [text, shortcut] = textsOf(option);
     int width = font.size(Qt::TextHideMnemonic, text).width() + 2 * metrics::space10;
     if (!shortcut.isEmpty())
-        width += shortcutGap + font.horizontalAdvance(shortcut);
+        width += metrics::space24 + font.horizontalAdvance(shortcut);
     return {width, theme.lineHeight(TextStyle::body) + 2 * metrics::menuPadding};
 }
 

@@ -38,6 +38,8 @@ inline constexpr int searchHeight = 30;
 inline constexpr int searchWidth = 248;
 inline constexpr int searchMinimum = 200;
 inline constexpr int searchSymbol = 13;
+inline constexpr int searchPadding = 9; // from the field's edges to its symbols
+inline constexpr int searchGap = 7;     // between symbol and text
 
 // buttons
 inline constexpr int buttonHeight = 28;
@@ -52,11 +54,10 @@ inline constexpr int smallButtonRadius = 5;
 inline constexpr int largeButtonRadius = 7;
 inline constexpr int fieldRadius = 7;
 
-// menus and help tags
+// menus
 inline constexpr int menuRadius = 8;
 inline constexpr int menuPadding = 5;
 inline constexpr int menuEntryRadius = 5;
-inline constexpr int helpTagRadius = 6;
 
 // scroll bars, progress
 inline constexpr int scrollBarExtent = 12;
@@ -64,6 +65,11 @@ inline constexpr int scrollThumbWidth = 6;
 inline constexpr int scrollThumbGap = 3;
 inline constexpr int scrollThumbLength = 28; // at least
 inline constexpr int progressHeight = 6;
+
+// segmented control
+inline constexpr int segmentHeight = 24;
+inline constexpr int segmentRadius = 5;
+inline constexpr int segmentTrackRadius = 7;
 
 // sidebar
 inline constexpr int headerCardRadius = 12;
@@ -78,9 +84,11 @@ inline constexpr int sectionGap = 14;
 
 // summary header
 inline constexpr int tileRadius = 10;
-inline constexpr int tileBorder = 1;
 inline constexpr int activeTileBorder = 2;
+inline constexpr int tileCountGap = 5; // between symbol and count
 inline constexpr int readinessHeight = 20;
+inline constexpr int readinessOverhang = 6; // of its fill, to the left and right of all else
+inline constexpr int readinessActionGap = 5;
 
 // detail column
 inline constexpr int detailSymbol = 32;
@@ -106,6 +114,7 @@ inline constexpr int tableHeaderHeight = 28;
 inline constexpr int tableRowHeight = 40;
 inline constexpr int tableRowInset = 4; // of a row's background, left and right
 inline constexpr int tableRowRadius = 7;
+inline constexpr int tableLineInset = 12; // of the line below a row, left and right
 inline constexpr int cellPaddingLeft = 8;
 inline constexpr int cellPaddingRight = 4;
 inline constexpr int cellGap = 6;

@@ -1,14 +1,13 @@
 #include "ui/PaintedButton.h"
 
-#include "ui/FocusRing.h"
+#include "ui/Painting.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
 #include <QAccessibleWidget>
-#include <QFocusEvent>
+#include <QKeyEvent>
 
 namespace veridane::ui {
-
 namespace {
 
 /// The toolkit's own answer to a press of a checkable button turns its check over, and nobody hears
@@ -69,7 +68,6 @@ PaintedButton::PaintedButton(const Theme& theme, QWidget* parent)
     Q_UNUSED(isInstalled);
     setAttribute(Qt::WA_Hover);
     setAutoDefault(false);
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 void PaintedButton::setTitle(std::string_view title) {
@@ -84,17 +82,20 @@ QAccessible::State PaintedButton::accessibleState() const {
     return state;
 }
 
-QColor PaintedButton::stateFill() const {
-    if (isDown())
-        return m_theme.colours().pressed;
-    if (isEnabled() && underMouse())
-        return m_theme.colours().hover;
-    return Qt::transparent;
+void PaintedButton::setCount(std::size_t count) {
+    const QString text = QString::number(count);
+    if (text == m_count)
+        return;
+    m_count = text;
+    setAccessibleDescription(text);
+    update();
 }
 
-void PaintedButton::focusInEvent(QFocusEvent* event) {
-    m_showsFocus = comesFromKeyboard(event->reason());
-    QPushButton::focusInEvent(event);
+void PaintedButton::paintState(QPainter& painter, int radius) const {
+    if (isDown())
+        painting::fillRounded(painter, rect(), radius, m_theme.colours().pressed);
+    else if (isEnabled() && underMouse())
+        painting::fillRounded(painter, rect(), radius, m_theme.colours().hover);
 }
 
 void PaintedButton::keyPressEvent(QKeyEvent* event) {

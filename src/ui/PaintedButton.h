@@ -3,9 +3,8 @@
 #include <QAccessible>
 #include <QPushButton>
 
+#include <cstddef>
 #include <string_view>
-
-class QColor;
 
 namespace veridane::ui {
 
@@ -23,25 +22,25 @@ public:
     /// The text as it is shown; an "&" in it is an "&".
     void setTitle(std::string_view title);
     [[nodiscard]] const QString& title() const { return m_title; }
+    void setCount(std::size_t count);
 
     /// What assistive technology is told beyond what every widget tells.
     [[nodiscard]] virtual QAccessible::State accessibleState() const;
 
 protected:
     [[nodiscard]] const Theme& theme() const { return m_theme; }
-    /// Laid over the background: the fill for a hovered or pressed button, else nothing.
-    [[nodiscard]] QColor stateFill() const;
-    /// Whether the focus came by the keyboard, so that it is to be shown.
-    [[nodiscard]] bool showsFocus() const { return m_showsFocus && hasFocus(); }
+    /// As it is shown; empty before `setCount`.
+    [[nodiscard]] const QString& count() const { return m_count; }
+    /// Lays the fill of a hovered or pressed button over its background.
+    void paintState(QPainter& painter, int radius) const;
 
     void nextCheckState() override {}
-    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     const Theme& m_theme;
     QString m_title;
-    bool m_showsFocus = false;
+    QString m_count;
 };
 
 } // namespace veridane::ui

@@ -3,20 +3,12 @@
 #include "ui/FocusRing.h"
 #include "ui/Label.h"
 #include "ui/Metrics.h"
-#include "ui/Painting.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
 #include <QPainter>
 
 namespace veridane::ui {
-namespace {
-
-constexpr int overhang = 6; // of the fill, on both sides; the layout leaves that room
-constexpr int actionGap = 5;
-
-} // namespace
-
 ReadinessButton::ReadinessButton(const Theme& theme, QWidget* parent)
     : PaintedButton(theme, parent),
       m_action(new Label(theme, TextStyle::calloutSemibold, Tone::orange, this)) {
@@ -33,7 +25,8 @@ void ReadinessButton::setAction(std::string_view action) {
 
 void ReadinessButton::place() {
     const int width = m_action->sizeHint().width();
-    const int right = this->width() - overhang - metrics::smallSymbol - actionGap;
+    const int right = this->width() - metrics::readinessOverhang - metrics::smallSymbol -
+                      metrics::readinessActionGap;
     m_action->setGeometry(right - width, 0, width, height());
 }
 
@@ -46,16 +39,11 @@ QSize ReadinessButton::sizeHint() const {
     return {0, theme().scaled(metrics::readinessHeight) + 2 * metrics::space2};
 }
 
-QSize ReadinessButton::minimumSizeHint() const {
-    return sizeHint();
-}
-
 void ReadinessButton::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
-    if (const QColor fill = stateFill(); fill.alpha() > 0)
-        painting::fillRounded(painter, rect(), metrics::buttonRadius, fill);
-    QRect line = rect().adjusted(overhang, 0, -overhang, 0);
+    paintState(painter, metrics::buttonRadius);
+    QRect line = rect().adjusted(metrics::readinessOverhang, 0, -metrics::readinessOverhang, 0);
 
     theme().drawSymbol(painter, {line.x(), 0, metrics::symbol, height()},
                        "exclamationmark.bubble.fill", metrics::symbol, Tone::orange);

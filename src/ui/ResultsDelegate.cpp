@@ -21,8 +21,6 @@ namespace {
 
 constexpr qsizetype maxPaintedLength = 400; // no column shows more; laying out a novel takes time
 constexpr qsizetype maxTagLength = 1000;
-constexpr double lineOpacity = 0.7;
-constexpr int rowLineInset = 12;
 
 const ScanItem* itemOf(const QModelIndex& index) {
     return index.data(ResultsModel::ItemRole).value<const ScanItem*>();
@@ -95,11 +93,9 @@ void ResultsDelegate::paintRow(QPainter& painter, const QRect& rect, const RowLo
                                metrics::focusRingWidth);
     if (!look.hasLine)
         return;
-    QColor line = colours.separator;
-    line.setAlphaF(static_cast<float>(line.alphaF() * lineOpacity));
-    painter.fillRect(QRect(rect.x() + rowLineInset, rect.bottom(), rect.width() - 2 * rowLineInset,
-                           metrics::hairline),
-                     line);
+    painter.fillRect(QRect(rect.x() + metrics::tableLineInset, rect.bottom(),
+                           rect.width() - 2 * metrics::tableLineInset, metrics::hairline),
+                     faded(colours.separator, opacity::rowLine));
 }
 
 ResultsDelegate::Content ResultsDelegate::contentOf(const QModelIndex& index) const {

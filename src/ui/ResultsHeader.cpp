@@ -47,7 +47,6 @@ ResultsHeader::ResultsHeader(Preferences& preferences, const Theme& theme, QWidg
     connect(this, &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { keepDragged(column, width); });
     connect(this, &QHeaderView::sectionHandleDoubleClicked, this, &ResultsHeader::forgetDragged);
-    connect(&theme, &Theme::changed, viewport(), qOverload<>(&QWidget::update));
 }
 
 void ResultsHeader::setModel(QAbstractItemModel* model) {

@@ -57,7 +57,6 @@ ResultsTable::ResultsTable(ScanCoordinator& coordinator, Workspace& workspace,
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
     viewport()->setAttribute(Qt::WA_Hover);
-    connect(&theme, &Theme::changed, viewport(), qOverload<>(&QWidget::update));
     nameForAssistiveTechnology();
     m_isRefreshing = false;
 }

@@ -14,8 +14,6 @@
 namespace veridane::ui {
 namespace {
 
-constexpr int symbolPadding = 9; // from the edges
-constexpr int symbolGap = 7;
 constexpr int toolkitMargin = 2; // that a field keeps around its text by itself
 
 } // namespace
@@ -39,7 +37,8 @@ protected:
 SearchField::SearchField(const Theme& theme, QWidget* parent)
     : QLineEdit(parent), m_theme(theme), m_clear(new ClearButton(theme, this)) {
     setFont(theme.font(TextStyle::body));
-    const int room = symbolPadding + metrics::searchSymbol + symbolGap - toolkitMargin;
+    const int room =
+        metrics::searchPadding + metrics::searchSymbol + metrics::searchGap - toolkitMargin;
     setTextMargins(room, 0, room, 0);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setMaximumWidth(metrics::searchWidth);
@@ -49,7 +48,6 @@ SearchField::SearchField(const Theme& theme, QWidget* parent)
     connect(m_clear, &QAbstractButton::clicked, this, &QLineEdit::clear);
     connect(this, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_clear->setVisible(!text.isEmpty()); });
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
     retranslate();
 }
 
@@ -83,14 +81,15 @@ void SearchField::keyPressEvent(QKeyEvent* event) {
 void SearchField::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     QPainter painter(this);
-    m_theme.drawSymbol(painter, {symbolPadding, 0, metrics::searchSymbol, height()},
+    m_theme.drawSymbol(painter, {metrics::searchPadding, 0, metrics::searchSymbol, height()},
                        "magnifyingglass", metrics::searchSymbol, Tone::secondary);
 }
 
 void SearchField::resizeEvent(QResizeEvent* event) {
     QLineEdit::resizeEvent(event);
-    const int width = metrics::searchSymbol + 2 * symbolGap;
-    m_clear->setGeometry(this->width() - symbolPadding + symbolGap - width, 0, width, height());
+    const int width = metrics::searchSymbol + 2 * metrics::searchGap;
+    m_clear->setGeometry(this->width() - metrics::searchPadding + metrics::searchGap - width, 0,
+                         width, height());
 }
 
 } // namespace veridane::ui

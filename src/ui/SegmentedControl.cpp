@@ -1,6 +1,7 @@
 #include "ui/SegmentedControl.h"
 
 #include "ui/FocusRing.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/PaintedButton.h"
 #include "ui/Painting.h"
@@ -11,28 +12,19 @@
 #include <QPainter>
 
 namespace veridane::ui {
-namespace {
-
-constexpr int trackRadius = 7;
-constexpr int trackPadding = 2;
-constexpr int segmentRadius = 5;
-constexpr int segmentHeight = 24;
-constexpr float trackOpacity = 0.8F; // of the quaternary fill
-
-} // namespace
 
 class SegmentedControl::Segment : public PaintedButton {
 public:
     explicit Segment(const Theme& theme) : PaintedButton(theme) {
         setCheckable(true);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-        setRing(*this, {.gap = 0, .radius = segmentRadius});
+        setRing(*this, {.gap = 0, .radius = metrics::segmentRadius});
     }
 
     [[nodiscard]] QSize sizeHint() const override {
         const QFontMetrics widest(theme().font(TextStyle::calloutMedium));
         return {widest.horizontalAdvance(title()) + 2 * metrics::space12,
-                theme().scaled(segmentHeight)};
+                theme().scaled(metrics::segmentHeight)};
     }
 
 protected:
@@ -41,11 +33,11 @@ protected:
         QPainter painter(this);
         const ThemeColours& colours = theme().colours();
         if (isChecked()) {
-            painting::fillRounded(painter, rect(), segmentRadius, colours.control);
-            painting::strokeInside(painter, rect(), segmentRadius, colours.controlBorder,
+            painting::fillRounded(painter, rect(), metrics::segmentRadius, colours.control);
+            painting::strokeInside(painter, rect(), metrics::segmentRadius, colours.controlBorder,
                                    metrics::hairline);
-        } else if (const QColor fill = stateFill(); fill.alpha() > 0) {
-            painting::fillRounded(painter, rect(), segmentRadius, fill);
+        } else {
+            paintState(painter, metrics::segmentRadius);
         }
         painter.setFont(theme().font(isChecked() ? TextStyle::calloutMedium : TextStyle::callout));
         painter.setPen(colours.text);
@@ -56,9 +48,8 @@ protected:
 SegmentedControl::SegmentedControl(const Theme& theme, int segments, QWidget* parent)
     : QWidget(parent), m_theme(theme), m_group(new QButtonGroup(this)) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(trackPadding, trackPadding, trackPadding, trackPadding);
-    row->setSpacing(0);
+    auto* row = makeRow(this);
+    row->setContentsMargins(metrics::space2, metrics::space2, metrics::space2, metrics::space2);
     for (int index = 0; index < segments; ++index) {
         auto* segment = new Segment(theme);
         m_group->addButton(segment, index);
@@ -86,10 +77,9 @@ PaintedButton& SegmentedControl::segment(int index) const {
 
 void SegmentedControl::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
-    QColor track = m_theme.colours().quaternary;
-    track.setAlphaF(track.alphaF() * trackOpacity);
     QPainter painter(this);
-    painting::fillRounded(painter, rect(), trackRadius, track);
+    painting::fillRounded(painter, rect(), metrics::segmentTrackRadius,
+                          faded(m_theme.colours().quaternary, opacity::segmentTrack));
 }
 
 } // namespace veridane::ui

@@ -2,6 +2,7 @@
 
 #include "platform/Language.h"
 #include "ui/GeneralSettingsView.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/Text.h"
 
@@ -14,9 +15,7 @@ SettingsView::SettingsView(Preferences& preferences, const Theme& theme, QWidget
     : QDialog(parent) {
     setObjectName(QStringLiteral("SettingsView"));
     setFixedSize(metrics::settingsWidth, metrics::settingsHeight);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new GeneralSettingsView(preferences, theme));
+    makeColumn(this)->addWidget(new GeneralSettingsView(preferences, theme));
     retranslate();
 }
 

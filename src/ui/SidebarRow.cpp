@@ -1,6 +1,6 @@
 #include "ui/SidebarRow.h"
 
-#include "ui/Metrics.h"
+#include "ui/FocusRing.h"
 #include "ui/Painting.h"
 #include "ui/TabularText.h"
 #include "ui/Text.h"
@@ -18,30 +18,18 @@ SidebarRow::SidebarRow(const Theme& theme, Look look, QWidget* parent)
     setCheckable(true);
     setFont(m_look.isVerbatim ? theme.verbatimFont(TextStyle::body) : theme.font(TextStyle::body));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setRing(*this, {.gap = insideGap, .radius = metrics::sidebarRowRadius});
     setCount(0);
-}
-
-void SidebarRow::setCount(std::size_t count) {
-    const QString text = QString::number(count);
-    if (text == m_count)
-        return;
-    m_count = text;
-    setAccessibleDescription(text);
-    update();
 }
 
 QSize SidebarRow::sizeHint() const {
     return {0, theme().scaled(m_look.height)};
 }
 
-QSize SidebarRow::minimumSizeHint() const {
-    return sizeHint();
-}
-
 QRect SidebarRow::titleRect() const {
     const int left = metrics::space6 + metrics::sidebarSymbolBox + metrics::space8;
     const int right = metrics::space6 + metrics::space8 +
-                      tabular::width(theme().font(TextStyle::callout), m_count);
+                      tabular::width(theme().font(TextStyle::callout), count());
     return rect().adjusted(left, 0, -right, 0);
 }
 
@@ -51,8 +39,7 @@ void SidebarRow::paintEvent(QPaintEvent* event) {
     const ThemeColours& colours = theme().colours();
     if (isChecked())
         painting::fillRounded(painter, rect(), metrics::sidebarRowRadius, colours.activeRow);
-    if (const QColor fill = stateFill(); fill.alpha() > 0)
-        painting::fillRounded(painter, rect(), metrics::sidebarRowRadius, fill);
+    paintState(painter, metrics::sidebarRowRadius);
     theme().drawSymbol(painter, {metrics::space6, 0, metrics::sidebarSymbolBox, height()},
                        m_look.symbol, m_look.symbolSize, m_look.tone);
     painter.setFont(font());
@@ -61,10 +48,7 @@ void SidebarRow::paintEvent(QPaintEvent* event) {
                      fontMetrics().elidedText(title(), Qt::ElideRight, titleRect().width()));
     painter.setFont(theme().font(TextStyle::callout));
     painter.setPen(colours.secondary);
-    tabular::draw(painter, rect().adjusted(0, 0, -metrics::space6, 0), Qt::AlignRight, m_count);
-    if (showsFocus())
-        painting::strokeInside(painter, rect(), metrics::sidebarRowRadius, colours.focusRing,
-                               metrics::focusRingWidth);
+    tabular::draw(painter, rect().adjusted(0, 0, -metrics::space6, 0), Qt::AlignRight, count());
 }
 
 bool SidebarRow::event(QEvent* event) {

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "ui/Metrics.h"
 #include "ui/PaintedButton.h"
 #include "ui/Theme.h"
 
-#include <cstddef>
 #include <string>
-#include <string_view>
 
 namespace veridane::ui {
 
@@ -18,16 +17,14 @@ public:
     struct Look {
         std::string symbol;
         Tone tone = Tone::secondary;
-        int symbolSize = 16;
-        int height = 24;
+        int symbolSize = metrics::symbol;
+        int height = metrics::kindRowHeight;
         bool isVerbatim = false; // a title from a scanned object
     };
     SidebarRow(const Theme& theme, Look look, QWidget* parent = nullptr);
 
-    void setCount(std::size_t count);
-
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -37,7 +34,6 @@ private:
     [[nodiscard]] QRect titleRect() const;
 
     Look m_look;
-    QString m_count;
 };
 
 } // namespace veridane::ui

@@ -5,6 +5,7 @@
 #include "ui/Card.h"
 #include "ui/DisclosureButton.h"
 #include "ui/Label.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SidebarRow.h"
 #include "ui/SymbolLabel.h"
@@ -13,6 +14,7 @@
 
 #include <QButtonGroup>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QPainter>
 #include <QScrollArea>
@@ -50,20 +52,12 @@ int symbolSizeOf(const StatusLook& look) {
     return std::string_view(look.symbol) == "circle.fill" ? metrics::statusDot : metrics::symbol;
 }
 
-QVBoxLayout* makeColumn(QWidget* parent) {
-    auto* column = new QVBoxLayout(parent);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    return column;
-}
-
 } // namespace
 
 SidebarView::SidebarView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
     : QWidget(parent), m_coordinator(coordinator), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     setObjectName(QStringLiteral("SidebarView"));
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 
     auto* list = new QWidget;
     list->setObjectName(QStringLiteral("sidebarList"));
@@ -79,15 +73,8 @@ SidebarView::SidebarView(ScanCoordinator& coordinator, const Theme& theme, QWidg
     addVendorGroup(*rows);
     rows->addStretch();
 
-    auto* scrollArea = new QScrollArea;
-    scrollArea->setFrameShape(QFrame::NoFrame);
-    scrollArea->setWidgetResizable(true);
-    scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scrollArea->setFocusPolicy(Qt::NoFocus);
-    scrollArea->setWidget(list);
-    scrollArea->viewport()->setAutoFillBackground(false);
-    list->setAutoFillBackground(false);
-
+    auto* scrollArea = makeScrollArea(list);
+    scrollArea->setFocusPolicy(Qt::NoFocus); // the rows have it
     auto* column = makeColumn(this);
     column->addWidget(makeHeaderCard());
     column->addWidget(scrollArea, 1);
@@ -116,14 +103,12 @@ QWidget* SidebarView::makeHeaderCard() {
     name->setText(QStringLiteral("Veridane"));
     m_maker = new Label(m_theme, TextStyle::caption2, Tone::secondary);
 
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(1);
+    auto* texts = makeColumn(nullptr, metrics::hairline);
     texts->addWidget(name);
     texts->addWidget(m_maker);
     auto* card = new Card(m_theme, CardStyle::tinted, metrics::headerCardRadius);
-    auto* row = new QHBoxLayout(card);
+    auto* row = makeRow(card, metrics::space10);
     row->setContentsMargins(metrics::space12, metrics::space10, metrics::space12, metrics::space10);
-    row->setSpacing(metrics::space10);
     row->addWidget(icon);
     row->addLayout(texts, 1);
     row->setAlignment(texts, Qt::AlignVCenter);
@@ -141,8 +126,7 @@ QWidget* SidebarView::makeSystemLines() {
     const auto addLine = [this](QVBoxLayout& lines, const char* symbol, Tone symbolTone,
                                 Tone textTone) {
         auto* label = new Label(m_theme, TextStyle::callout, textTone);
-        auto* line = new QHBoxLayout;
-        line->setSpacing(metrics::space8);
+        auto* line = makeRow(nullptr, metrics::space8);
         line->addWidget(new SymbolLabel(m_theme, symbol, metrics::symbol, metrics::sidebarSymbolBox,
                                         symbolTone));
         line->addWidget(label, 1);
@@ -150,9 +134,8 @@ QWidget* SidebarView::makeSystemLines() {
         return label;
     };
     auto* widget = new QWidget;
-    auto* lines = makeColumn(widget);
+    auto* lines = makeColumn(widget, metrics::space6);
     lines->setContentsMargins(metrics::space6, metrics::space2, metrics::space6, metrics::space2);
-    lines->setSpacing(metrics::space6);
     m_processor =
         addLine(*lines, info.isAppleSilicon ? "cpu" : "cpu.fill", Tone::primary, Tone::primary);
     const Tone rosettaTone = info.rosettaInstalled ? Tone::secondary : Tone::orange;
@@ -326,6 +309,7 @@ void SidebarView::addVendorRow() {
     row->setObjectName(QStringLiteral("vendorSidebarRow"));
     connect(row, &QAbstractButton::clicked, this,
             [this, index = m_vendors.size()] { chooseVendor(m_vendors[index].vendor); });
+    setTabOrder(m_vendors.empty() ? m_allVendors : m_vendors.back().row, row);
     m_vendors.push_back({row, {}});
 }
 

@@ -4,6 +4,7 @@
 #include "platform/Language.h"
 #include "platform/Locale.h"
 #include "ui/Label.h"
+#include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/ReadinessButton.h"
 #include "ui/SymbolLabel.h"
@@ -12,6 +13,7 @@
 #include "ui/Tile.h"
 
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QLocale>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -21,9 +23,6 @@
 
 namespace veridane::ui {
 namespace {
-
-constexpr int readinessOverhang = 6; // of its fill, on both sides
-constexpr int progressGap = 10;      // between the bar and the count
 
 struct TileRow {
     const char* name;
@@ -68,13 +67,6 @@ std::pair<int, int> barValues(const ScanProgress& progress) {
     return {static_cast<int>(completed / scale), static_cast<int>(progress.total / scale)};
 }
 
-QVBoxLayout* makeColumn(QWidget* parent, int spacing) {
-    auto* column = new QVBoxLayout(parent);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(spacing);
-    return column;
-}
-
 } // namespace
 
 SummaryHeaderView::SummaryHeaderView(ScanCoordinator& coordinator, const Theme& theme,
@@ -82,7 +74,7 @@ SummaryHeaderView::SummaryHeaderView(ScanCoordinator& coordinator, const Theme& 
     : QWidget(parent), m_coordinator(coordinator), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     setObjectName(QStringLiteral("SummaryHeaderView"));
-    auto* column = makeColumn(this, 0);
+    auto* column = makeColumn(this);
     column->addWidget(makeProgressForm());
     column->addWidget(makeOverviewForm());
 
@@ -108,8 +100,7 @@ QWidget* SummaryHeaderView::makeProgressForm() {
     m_phase = new Label(m_theme, TextStyle::caption, Tone::secondary);
     m_phase->setObjectName(QStringLiteral("progressPhaseLabel"));
 
-    auto* row = new QHBoxLayout;
-    row->setSpacing(progressGap);
+    auto* row = makeRow(nullptr, metrics::space10);
     row->addWidget(m_bar, 1, Qt::AlignVCenter);
     row->addWidget(m_count);
     auto* column = makeColumn(m_progressForm, metrics::space4);
@@ -124,13 +115,13 @@ QWidget* SummaryHeaderView::makeReadyLine() {
     m_readyLine = new QWidget;
     m_readyText = new Label(m_theme, TextStyle::calloutMedium);
     m_readyText->setObjectName(QStringLiteral("readyLabel"));
-    auto* row = new QHBoxLayout(m_readyLine);
-    row->setContentsMargins(readinessOverhang, metrics::space2, readinessOverhang, metrics::space2);
-    row->setSpacing(metrics::space8);
+    auto* row = makeRow(m_readyLine, metrics::space8);
+    row->setContentsMargins(metrics::readinessOverhang, metrics::space2, metrics::readinessOverhang,
+                            metrics::space2);
     row->addWidget(new SymbolLabel(m_theme, "checkmark.seal.fill", metrics::symbol, metrics::symbol,
                                    Tone::green));
     row->addWidget(m_readyText, 1);
-    m_readyLine->setFixedHeight(m_theme.scaled(metrics::readinessHeight) + 2 * metrics::space2);
+    m_readyLine->setFixedHeight(m_readiness->sizeHint().height()); // which stands in its place
     return m_readyLine;
 }
 
@@ -141,9 +132,9 @@ QWidget* SummaryHeaderView::makeOverviewForm() {
     connect(m_readiness, &QAbstractButton::clicked, this,
             [this] { showFilter(StatusFilter::needsAttention); });
 
-    auto* tiles = new QHBoxLayout;
-    tiles->setContentsMargins(readinessOverhang, metrics::space2, readinessOverhang, 0);
-    tiles->setSpacing(metrics::space12);
+    auto* tiles = makeRow(nullptr, metrics::space12);
+    tiles->setContentsMargins(metrics::readinessOverhang, metrics::space2,
+                              metrics::readinessOverhang, 0);
     for (const TileRow& row : tileRows) {
         auto* tile = new Tile(m_theme, row.look, row.filter);
         tile->setObjectName(toQString(std::string(row.name) + "Tile"));
@@ -155,15 +146,14 @@ QWidget* SummaryHeaderView::makeOverviewForm() {
     m_lastScan = new Label(m_theme, TextStyle::caption, Tone::secondary);
     m_lastScan->setObjectName(QStringLiteral("lastScanLabel"));
     m_lastScan->setAlignment(Qt::AlignCenter);
-
     m_lastScan->setContentsMargins(0, metrics::space4, 0, 0);
 
     // The statement is higher and wider than its text, for the fill of a hovered one: what stands
     // around it comes as much closer, and keeps its own distance by margins.
     auto* column = makeColumn(m_overviewForm, metrics::space6);
-    column->setContentsMargins(metrics::space12 - readinessOverhang,
+    column->setContentsMargins(metrics::space12 - metrics::readinessOverhang,
                                metrics::space12 - metrics::space2,
-                               metrics::space12 - readinessOverhang, metrics::space12);
+                               metrics::space12 - metrics::readinessOverhang, metrics::space12);
     column->addWidget(makeReadyLine());
     column->addWidget(m_readiness);
     column->addLayout(tiles);

@@ -10,7 +10,6 @@ SymbolLabel::SymbolLabel(const Theme& theme, std::string name, int size, int box
                          QWidget* parent)
     : QWidget(parent), m_theme(theme), m_name(std::move(name)), m_size(size), m_tone(tone) {
     setFixedSize(box, size);
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
 void SymbolLabel::show(std::string name, Tone tone) {

@@ -138,11 +138,10 @@ QColor Theme::symbolColour(Tone tone) const {
 
 QColor Theme::tint(Tone tone, double opacity) const {
     // What has no hue of its own is tinted like the accent, or quietly in gray.
-    QColor colour = tone == Tone::accent
-                        ? m_colours.accentTint
-                        : m_colours.hues.at(hueIndex(isHue(tone) ? tone : Tone::gray)).tint;
-    colour.setAlphaF(static_cast<float>(opacity));
-    return colour;
+    return faded(tone == Tone::accent
+                     ? m_colours.accentTint
+                     : m_colours.hues.at(hueIndex(isHue(tone) ? tone : Tone::gray)).tint,
+                 opacity);
 }
 
 QFont Theme::font(TextStyle style) const {

@@ -9,12 +9,6 @@ namespace {
 constexpr double readableText = 4.5; // WCAG 2 AA
 constexpr double lightnessStep = 0.02;
 
-QColor translucent(const QColor& colour, double opacity) {
-    QColor result = colour;
-    result.setAlphaF(static_cast<float>(opacity));
-    return result;
-}
-
 QColor rgb(QRgb value) {
     return QColor::fromRgb(value);
 }
@@ -22,11 +16,11 @@ QColor rgb(QRgb value) {
 /// Fills in what is derived from the accent and the surfaces.
 void deriveFromAccent(ThemeColours& colours, double focusOpacity, double selectedOpacity) {
     const bool isDark = colours.window.lightnessF() < 0.5F;
-    colours.focusRing = translucent(isDark ? colours.accentText : colours.accent, focusOpacity);
-    colours.activeRow = translucent(colours.accentTint, 0.18);
-    colours.selectedRow = translucent(colours.accentTint, selectedOpacity);
-    colours.tintedCard = blended(translucent(colours.accentTint, 0.10), colours.card);
-    colours.tintedCardBorder = translucent(colours.accentTint, 0.14);
+    colours.focusRing = faded(isDark ? colours.accentText : colours.accent, focusOpacity);
+    colours.activeRow = faded(colours.accentTint, 0.18);
+    colours.selectedRow = faded(colours.accentTint, selectedOpacity);
+    colours.tintedCard = blended(faded(colours.accentTint, 0.10), colours.card);
+    colours.tintedCardBorder = faded(colours.accentTint, 0.14);
 }
 
 QColor withLightness(const QColor& colour, double lightness) {
@@ -86,15 +80,15 @@ ThemeColours lightColours() {
     colours.text = ink;
     colours.secondary = rgb(0x585862);
     colours.tertiary = rgb(0x85858F);
-    colours.quaternary = translucent(ink, 0.10);
-    colours.separator = translucent(ink, 0.10);
-    colours.border = translucent(ink, 0.16);
-    colours.controlBorder = translucent(ink, 0.20);
-    colours.hover = translucent(ink, 0.045);
-    colours.pressed = translucent(ink, 0.09);
-    colours.scrim = translucent(rgb(0x14141A), 0.30);
-    colours.scrollThumb = translucent(ink, 0.28);
-    colours.scrollThumbHover = translucent(ink, 0.40);
+    colours.quaternary = faded(ink, 0.10);
+    colours.separator = faded(ink, 0.10);
+    colours.border = faded(ink, 0.16);
+    colours.controlBorder = faded(ink, 0.20);
+    colours.hover = faded(ink, 0.045);
+    colours.pressed = faded(ink, 0.09);
+    colours.scrim = faded(rgb(0x14141A), 0.30);
+    colours.scrollThumb = faded(ink, 0.28);
+    colours.scrollThumbHover = faded(ink, 0.40);
     colours.accent = rgb(0x4A50D2);
     colours.accentHover = rgb(0x4147C6);
     colours.accentPressed = rgb(0x383DB0);
@@ -124,15 +118,15 @@ ThemeColours darkColours() {
     colours.text = rgb(0xF2F2F5);
     colours.secondary = rgb(0xB0B0BB);
     colours.tertiary = rgb(0x7C7C88);
-    colours.quaternary = translucent(white, 0.10);
-    colours.separator = translucent(white, 0.09);
-    colours.border = translucent(white, 0.14);
-    colours.controlBorder = translucent(white, 0.14);
-    colours.hover = translucent(white, 0.06);
-    colours.pressed = translucent(white, 0.11);
-    colours.scrim = translucent(rgb(0x000000), 0.50);
-    colours.scrollThumb = translucent(white, 0.26);
-    colours.scrollThumbHover = translucent(white, 0.38);
+    colours.quaternary = faded(white, 0.10);
+    colours.separator = faded(white, 0.09);
+    colours.border = faded(white, 0.14);
+    colours.controlBorder = faded(white, 0.14);
+    colours.hover = faded(white, 0.06);
+    colours.pressed = faded(white, 0.11);
+    colours.scrim = faded(rgb(0x000000), 0.50);
+    colours.scrollThumb = faded(white, 0.26);
+    colours.scrollThumbHover = faded(white, 0.38);
     colours.accent = rgb(0x5F64E6);
     colours.accentHover = rgb(0x565BD9);
     colours.accentPressed = rgb(0x4B50C6);
@@ -176,6 +170,12 @@ ThemeColours withHighContrast(ThemeColours colours) {
         line->setAlphaF(std::min(1.0F, 2 * line->alphaF()));
     colours.secondary = colours.text;
     return colours;
+}
+
+QColor faded(const QColor& colour, double opacity) {
+    QColor result = colour;
+    result.setAlphaF(static_cast<float>(colour.alphaF() * opacity));
+    return result;
 }
 
 QColor blended(const QColor& over, const QColor& under) {

@@ -34,6 +34,17 @@ struct HueColours {
 };
 inline constexpr std::size_t hueCount = 6; // red to gray
 
+/// How much of a colour is left where it is to be quieter.
+namespace opacity {
+inline constexpr double disabled = 0.38;
+inline constexpr double rowLine = 0.7;      // of the separator
+inline constexpr double segmentTrack = 0.8; // of the quaternary fill
+inline constexpr double tileBorder = 0.3;
+inline constexpr double activeTileBorder = 0.95;
+inline constexpr double verdictFill = 0.10;
+inline constexpr double verdictBorder = 0.35;
+} // namespace opacity
+
 /// All colours of one appearance.
 struct ThemeColours {
     // surfaces
@@ -62,6 +73,9 @@ struct ThemeColours {
 /// The same for users who ask for more contrast: stronger lines, and primary in place of secondary
 /// text.
 [[nodiscard]] ThemeColours withHighContrast(ThemeColours colours);
+
+/// The same colour with that part of its opacity.
+[[nodiscard]] QColor faded(const QColor& colour, double opacity);
 
 /// `over`, which may be translucent, laid over the opaque colour `under`.
 [[nodiscard]] QColor blended(const QColor& over, const QColor& under);

@@ -4,8 +4,6 @@
 #include "ui/PaintedButton.h"
 #include "ui/Theme.h"
 
-#include <cstddef>
-
 namespace veridane::ui {
 
 /// A count in large digits that sets a filter when it is pressed. Checked while that filter is set.
@@ -20,7 +18,6 @@ public:
     Tile(const Theme& theme, const Look& look, StatusFilter filter, QWidget* parent = nullptr);
 
     [[nodiscard]] StatusFilter filter() const { return m_filter; }
-    void setCount(std::size_t count);
 
     /// A narrow tile breaks its title into lines and grows.
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
@@ -37,7 +34,6 @@ private:
 
     Look m_look;
     StatusFilter m_filter;
-    QString m_count;
 };
 
 } // namespace veridane::ui

@@ -9,9 +9,7 @@
 namespace veridane::ui {
 
 TintedBox::TintedBox(const Theme& theme, const Look& look, QWidget* parent)
-    : QFrame(parent), m_theme(theme), m_look(look) {
-    connect(&theme, &Theme::changed, this, qOverload<>(&QWidget::update));
-}
+    : QFrame(parent), m_theme(theme), m_look(look) {}
 
 void TintedBox::setTone(Tone tone) {
     m_tone = tone;

@@ -60,10 +60,8 @@ void paintWheel(QPainter& painter, const QRect& rect, const QColor& colour, int 
     painter.translate(QRectF(rect).center());
     painter.scale(rect.width() / grid, rect.height() / grid);
     for (int i = 0; i < wheelSpokes; ++i) {
-        QColor shade = colour;
         const int strength = (i + wheelSpokes - step % wheelSpokes) % wheelSpokes;
-        shade.setAlphaF(static_cast<float>(colour.alphaF() * (faintest + perSpoke * strength)));
-        painter.setBrush(shade);
+        painter.setBrush(faded(colour, faintest + perSpoke * strength));
         painter.drawRoundedRect(spoke, spoke.width() / 2, spoke.width() / 2);
         painter.rotate(360.0 / wheelSpokes);
     }

@@ -17,8 +17,6 @@
 namespace veridane::ui {
 namespace {
 
-constexpr double disabledOpacity = 0.38;
-
 template <typename Option>
 const Option& as(const QStyleOption* option) {
     return *qstyleoption_cast<const Option*>(option);
@@ -73,11 +71,8 @@ QPalette VeridaneStyle::themePalette() const {
     QPalette palette;
     for (const auto& [role, colour] : roles)
         palette.setColor(QPalette::All, role, colour);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        QColor faded = colours.text;
-        faded.setAlphaF(static_cast<float>(disabledOpacity));
-        palette.setColor(QPalette::Disabled, role, faded);
-    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faded(colours.text, opacity::disabled));
     return palette;
 }
 
@@ -167,7 +162,7 @@ void VeridaneStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_PanelLineEdit:
         painter->save();
         if (!option->state.testFlag(State_Enabled))
-            painter->setOpacity(disabledOpacity);
+            painter->setOpacity(opacity::disabled);
         painting::fillRounded(*painter, option->rect, metrics::fieldRadius, colours.control);
         painting::strokeInside(*painter, option->rect, metrics::fieldRadius, colours.controlBorder,
                                metrics::hairline);

@@ -128,6 +128,27 @@ TEST_F(ContentViewTest, WhatIsSelectedAtTheStartIsShownSelected) {
     EXPECT_EQ(table.selectionModel()->selectedRows().front().row(), 1);
 }
 
+TEST_F(ContentViewTest, TheTabKeyGoesAroundEverythingFromLeftToRight) {
+    open();
+    coordinator->setKindFilter(ItemKind::application);
+    coordinator->setSelection(coordinator->items().get().front().id);
+    turn();
+    window->activateWindow();
+    turn();
+    Texts passed;
+    do {
+        QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+        passed.push_back(window->focusWidget()->objectName().toStdString());
+    } while (passed.back() != "resultsTable" && passed.size() < 30);
+    EXPECT_EQ(passed,
+              (Texts{"detailScrollArea", "statusallSidebarRow", "allKindsSidebarRow",
+                     "applicationSidebarRow", "vendorsDisclosureButton", "allVendorsSidebarRow",
+                     "vendorSidebarRow", "scanButton", "checkUpdatesButton", "exportButton",
+                     "settingsButton", "searchLineEdit", "readinessButton", "totalTile",
+                     "breaksOnMacOS28Tile", "partiallyAffectedTile", "switchToNativeTile",
+                     "readyTile", "resultsTable"}));
+}
+
 /// What can be used and has no name, in the accessible tree below an object.
 void collectNameless(QAccessibleInterface* object, Texts& nameless) {
     static const std::set<QAccessible::Role> roles = {

@@ -7,11 +7,6 @@
 namespace veridane::ui {
 namespace {
 
-QColor faded(QColor colour, double opacity) {
-    colour.setAlphaF(static_cast<float>(opacity));
-    return colour;
-}
-
 /// The text pairs of the windows that cannot be read.
 std::vector<std::string> unreadablePairs(const ThemeColours& colours) {
     const QColor active = blended(colours.activeRow, colours.sidebar);
@@ -37,7 +32,7 @@ std::vector<std::string> unreadablePairs(const ThemeColours& colours) {
         if (contrastRatio(pair.text, pair.surface) < 4.5)
             unreadable.emplace_back(pair.what);
     for (const HueColours& hue : colours.hues) {
-        const QColor box = blended(faded(hue.tint, 0.10), colours.detail);
+        const QColor box = blended(faded(hue.tint, opacity::verdictFill), colours.detail);
         for (const QColor& surface : {colours.window, colours.content, selected, box})
             if (contrastRatio(hue.text, surface) < 4.5)
                 unreadable.push_back("text of " + hue.text.name().toStdString());
