@@ -49,7 +49,7 @@ Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme,
     row->addStretch();
     for (QToolButton* tool : {m_scan, m_checkUpdates, m_export, m_settings})
         row->addWidget(tool);
-    row->addSpacing(metrics::space8);
+    row->addSpacing(metrics::space12);
     row->addWidget(m_searchField);
 
     m_refresh.on(coordinator.items());
@@ -102,7 +102,7 @@ QToolButton* Bar::makeTool(const char* name, const char* symbol) {
     tool->setProperty(symbolProperty, toQString(symbol));
     tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tool->setFocusPolicy(Qt::TabFocus);
-    setRing(*tool, {.gap = 0, .radius = metrics::largeButtonRadius});
+    setRing(*tool, {.radius = metrics::largeButtonRadius});
     return tool;
 }
 

@@ -50,6 +50,13 @@ bool isHovered(const QStyleOption& option) {
     return has(option, QStyle::State_MouseOver) && has(option, QStyle::State_Enabled);
 }
 
+/// What Return presses in a dialog of the toolkit stands out like in ours.
+ButtonRole roleOf(const QStyleOptionButton& option, const QWidget* widget) {
+    const ButtonRole role = buttonRole(widget);
+    const bool isDefault = option.features.testFlag(QStyleOptionButton::DefaultButton);
+    return isDefault && role == ButtonRole::bordered ? ButtonRole::prominent : role;
+}
+
 int symbolSize(ButtonRole role) {
     return role == ButtonRole::borderedSmall ? metrics::smallSymbol : metrics::symbol;
 }
@@ -101,7 +108,7 @@ int contentWidth(const Theme& theme, const QWidget* widget, ButtonRole role, con
 void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& painter,
                const QWidget* widget) {
     const ThemeColours& colours = theme.colours();
-    const ButtonRole role = buttonRole(widget);
+    const ButtonRole role = roleOf(option, widget);
     const double radius = shapeOf(role).radius;
     painter.save();
     if (!has(option, QStyle::State_Enabled))
@@ -119,7 +126,7 @@ void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
 
 void drawLabel(const Theme& theme, const QStyleOptionButton& option, QPainter& painter,
                const QWidget* widget) {
-    const ButtonRole role = buttonRole(widget);
+    const ButtonRole role = roleOf(option, widget);
     painter.save();
     if (!has(option, QStyle::State_Enabled))
         painter.setOpacity(opacity::disabled);
@@ -132,7 +139,7 @@ void drawLabel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
 }
 
 QSize size(const Theme& theme, const QStyleOptionButton& option, const QWidget* widget) {
-    const ButtonRole role = buttonRole(widget);
+    const ButtonRole role = roleOf(option, widget);
     const Shape shape = shapeOf(role);
     return {contentWidth(theme, widget, role, option.text) + 2 * shape.padding,
             theme.scaled(shape.height)};

@@ -32,19 +32,22 @@ QString columnsLayout() {
     return QStringLiteral("mainWindowColumns");
 }
 
-/// The widths of the outer columns, kept as two numbers: the toolkit's own form holds more, and a
-/// damaged one would turn the columns into rows.
 struct ColumnWidths {
-    int sidebar = metrics::sidebarIdeal;
-    int detail = metrics::detailIdeal;
+    int sidebar;
+    int detail;
 };
 
-ColumnWidths widthsFrom(const QByteArray& kept) {
+/// The widths of the outer columns, kept as two numbers: the toolkit's own form holds more, and a
+/// damaged one would turn the columns into rows.
+ColumnWidths widthsFrom(const QByteArray& kept, const Theme& theme) {
     const QList<QByteArray> words = kept.split(' ');
-    if (words.size() != 2)
-        return {};
-    return {std::clamp(words[0].toInt(), metrics::sidebarMinimum, metrics::sidebarMaximum),
-            std::clamp(words[1].toInt(), metrics::detailMinimum, metrics::detailMaximum)};
+    if (words.size() != 2) // with the line beside them they are as wide as they should be
+        return {theme.scaled(metrics::sidebarIdeal) - metrics::hairline,
+                theme.scaled(metrics::detailIdeal) - metrics::hairline};
+    return {std::clamp(words[0].toInt(), theme.scaled(metrics::sidebarMinimum),
+                       theme.scaled(metrics::sidebarMaximum)),
+            std::clamp(words[1].toInt(), theme.scaled(metrics::detailMinimum),
+                       theme.scaled(metrics::detailMaximum))};
 }
 
 } // namespace
@@ -58,13 +61,13 @@ ContentView::ContentView(const ContentServices& services, std::vector<std::strin
     setMinimumSize(metrics::windowMinimumWidth, metrics::windowMinimumHeight);
 
     auto* sidebar = new SidebarView(services.coordinator, services.theme);
-    sidebar->setMinimumWidth(metrics::sidebarMinimum);
-    sidebar->setMaximumWidth(metrics::sidebarMaximum);
+    sidebar->setMinimumWidth(services.theme.scaled(metrics::sidebarMinimum));
+    sidebar->setMaximumWidth(services.theme.scaled(metrics::sidebarMaximum));
     auto* bar = new Bar(services.coordinator, services.savePanel, services.theme);
     connect(bar, &Bar::settingsRequested, this, &ContentView::settingsRequested);
     auto* detail = new DetailView(services.coordinator, services.theme);
-    detail->setMinimumWidth(metrics::detailMinimum);
-    detail->setMaximumWidth(metrics::detailMaximum);
+    detail->setMinimumWidth(services.theme.scaled(metrics::detailMinimum));
+    detail->setMaximumWidth(services.theme.scaled(metrics::detailMaximum));
 
     m_innerColumns->addWidget(makeContentColumn());
     m_innerColumns->addWidget(detail);
@@ -108,7 +111,8 @@ void ContentView::restoreLayout() {
     const QSize available = screen()->availableSize();
     resize(QSize(metrics::windowWidth, metrics::windowHeight).boundedTo(available));
     restoreGeometry(m_services.preferences.layout(windowLayout()));
-    const ColumnWidths widths = widthsFrom(m_services.preferences.layout(columnsLayout()));
+    const ColumnWidths widths =
+        widthsFrom(m_services.preferences.layout(columnsLayout()), m_services.theme);
     m_outerColumns->setSizes({widths.sidebar, width() - widths.sidebar});
     m_innerColumns->setSizes({width() - widths.sidebar - widths.detail, widths.detail});
 }

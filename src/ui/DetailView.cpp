@@ -2,6 +2,7 @@
 
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
+#include "platform/Text.h"
 #include "ui/EmptyStateView.h"
 #include "ui/FocusRing.h"
 #include "ui/Label.h"
@@ -118,7 +119,7 @@ void DetailView::show(const ScanItem& item) {
     const Recommendation recommendation = m_coordinator.recommendation(item);
     const UrgencyLook look = lookOf(recommendation.urgency);
     m_kindSymbol->show(std::string(symbolName(item.kind)), Tone::accent);
-    m_name->setText(toQString(item.name));
+    m_name->setText(toQString(text::printable(item.name)));
     m_scrollArea->setAccessibleName(m_name->text());
     m_kind->setText(toQString(displayName(item.kind)));
     m_verdictBox->setTone(look.tone);

@@ -23,8 +23,9 @@ std::optional<std::string> FileDialogSavePanel::chooseFile(const std::string& pr
     dialog.selectFile(toQString(proposedName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    m_folder = dialog.directory().absolutePath();
-    return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+    const QString file = dialog.selectedFiles().constFirst();
+    m_folder = QFileInfo(file).absolutePath();
+    return QFile::encodeName(file).toStdString();
 }
 
 } // namespace veridane::ui

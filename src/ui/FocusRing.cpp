@@ -22,6 +22,15 @@ bool comesFromKeyboard(Qt::FocusReason reason) {
            reason == Qt::ShortcutFocusReason;
 }
 
+bool isInterruption(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::MenuBarFocusReason;
+}
+
+bool hasRing(const QWidget& widget) {
+    return widget.property(gapProperty).isValid();
+}
+
 void setRing(QWidget& widget, const RingShape& shape) {
     widget.setProperty(gapProperty, shape.gap);
     widget.setProperty(radiusProperty, shape.radius);
@@ -63,11 +72,17 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut)
         return false;
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || !widget->property(gapProperty).isValid())
+    if (!widget || !hasRing(*widget))
         return false;
-    const bool isShown = event->type() == QEvent::FocusIn &&
-                         (widget->property(alwaysProperty).toBool() ||
-                          comesFromKeyboard(static_cast<QFocusEvent*>(event)->reason()));
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    const bool comes = event->type() == QEvent::FocusIn;
+    if (!comes && isInterruption(reason) && m_frame && m_frame->widget() == widget)
+        m_interrupted = widget;
+    const bool isShown =
+        comes && (widget->property(alwaysProperty).toBool() || comesFromKeyboard(reason) ||
+                  (isInterruption(reason) && m_interrupted == widget));
+    if (comes)
+        m_interrupted = nullptr;
     if (isShown && !m_frame)
         m_frame = new Frame(m_theme); // it becomes a child of the widget's window
     if (m_frame)

@@ -1,13 +1,26 @@
 #include "ui/HelpTags.h"
 
-#include "ui/Text.h"
+#include "ui/Metrics.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QHelpEvent>
 #include <QToolTip>
 #include <QWidget>
 
 namespace veridane::ui {
+
+// The toolkit would choose a width of its own, and break even short texts.
+QString helpTag(const QString& text) {
+    const bool fits =
+        QFontMetrics(QToolTip::font()).horizontalAdvance(text) <= metrics::helpTagWidth;
+    if (fits)
+        return QLatin1String("<p style='white-space:pre'>") + text.toHtmlEscaped() +
+               QLatin1String("</p>");
+    return QStringLiteral("<table cellspacing='0' cellpadding='0' width='%1'><tr><td>")
+               .arg(metrics::helpTagWidth) +
+           text.toHtmlEscaped() + QLatin1String("</td></tr></table>");
+}
 
 HelpTags::HelpTags(QObject* parent) : QObject(parent) {
     qApp->installEventFilter(this);

@@ -1,5 +1,6 @@
 #include "ui/Label.h"
 
+#include "ui/HelpTags.h"
 #include "ui/TabularText.h"
 #include "ui/Text.h"
 

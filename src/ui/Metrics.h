@@ -33,7 +33,7 @@ inline constexpr int detailMaximum = 460;
 
 // bar
 inline constexpr int barHeight = 52;
-inline constexpr int barTitleGap = 14;
+inline constexpr int barTitleGap = 10; // and the space of a menu's title
 inline constexpr int searchHeight = 30;
 inline constexpr int searchWidth = 248;
 inline constexpr int searchMinimum = 200;
@@ -54,10 +54,11 @@ inline constexpr int smallButtonRadius = 5;
 inline constexpr int largeButtonRadius = 7;
 inline constexpr int fieldRadius = 7;
 
-// menus
+// menus and help tags
 inline constexpr int menuRadius = 8;
 inline constexpr int menuPadding = 5;
 inline constexpr int menuEntryRadius = 5;
+inline constexpr int helpTagWidth = 342; // of the longest line
 
 // scroll bars, progress
 inline constexpr int scrollBarExtent = 12;

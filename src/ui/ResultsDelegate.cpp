@@ -1,6 +1,8 @@
 #include "ui/ResultsDelegate.h"
 
 #include "coordination/ScanCoordinator.h"
+#include "platform/Text.h"
+#include "ui/HelpTags.h"
 #include "ui/Metrics.h"
 #include "ui/Painting.h"
 #include "ui/RecommendationCell.h"
@@ -30,16 +32,10 @@ ResultsColumn columnOf(const QModelIndex& index) {
     return static_cast<ResultsColumn>(index.column());
 }
 
-/// Names of files may hold line ends.
+/// Names of files may hold line ends, and signs that turn the letters after them around.
 QString inOneLine(QString text) {
     text.truncate(maxPaintedLength);
-    for (QChar& character : text) {
-        const auto category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
-            category == QChar::Separator_Paragraph)
-            character = QLatin1Char(' ');
-    }
-    return text;
+    return toQString(text::printable(text.toStdString()));
 }
 
 } // namespace

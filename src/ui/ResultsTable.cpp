@@ -148,14 +148,22 @@ std::unique_ptr<QMenu> ResultsTable::contextMenu(const std::optional<Uuid>& id) 
 void ResultsTable::contextMenuEvent(QContextMenuEvent* event) {
     // A right click has selected its row already.
     const bool hasPointer = event->reason() == QContextMenuEvent::Mouse;
-    const int row = hasPointer ? indexAt(event->pos()).row() : selectedRow();
+    if (hasPointer)
+        showContextMenu(indexAt(event->pos()).row(), event->globalPos());
+    else
+        showContextMenu(selectedRow(), rowCentre(selectedRow()));
+}
+
+void ResultsTable::showContextMenu(int row, const QPoint& place) {
     auto menu = contextMenu(m_model.idAt(row));
     if (!menu)
         return;
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu.release()->popup(
-        hasPointer ? event->globalPos()
-                   : viewport()->mapToGlobal(visualRect(m_model.index(row, 0)).center()));
+    menu.release()->popup(place);
+}
+
+QPoint ResultsTable::rowCentre(int row) const {
+    return viewport()->mapToGlobal(visualRect(m_model.index(row, 0)).center());
 }
 
 void ResultsTable::checkUpdate(const QModelIndex& index) {
@@ -173,6 +181,11 @@ void ResultsTable::keyPressEvent(QKeyEvent* event) {
         if (isSearching) // for a name with a blank in it
             break;
         checkUpdate(m_model.index(selectedRow(), updateColumn)); // the current row may be unmarked
+        return;
+    case Qt::Key_F10: // the menu key of keyboards that have none
+        if (event->modifiers() != Qt::ShiftModifier)
+            break;
+        showContextMenu(selectedRow(), rowCentre(selectedRow()));
         return;
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -276,9 +289,7 @@ void ResultsTable::setRing(bool isShown) {
 
 void ResultsTable::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
-    const bool isNew =
-        event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
-    if (isNew)
+    if (!isInterruption(event->reason()))
         setRing(comesFromKeyboard(event->reason()));
 }
 

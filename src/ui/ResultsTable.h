@@ -66,6 +66,8 @@ private:
     void writeSelection();
     bool selectFirst();
     void checkUpdate(const QModelIndex& index);
+    void showContextMenu(int row, const QPoint& place);
+    [[nodiscard]] QPoint rowCentre(int row) const; // on the screen
 
     void hover(std::optional<QPoint> point);
     void updateRow(int row);

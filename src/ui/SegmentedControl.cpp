@@ -1,5 +1,6 @@
 #include "ui/SegmentedControl.h"
 
+#include "ui/ChoiceGroup.h"
 #include "ui/FocusRing.h"
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
@@ -7,7 +8,6 @@
 #include "ui/Painting.h"
 #include "ui/Theme.h"
 
-#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -46,7 +46,7 @@ protected:
 };
 
 SegmentedControl::SegmentedControl(const Theme& theme, int segments, QWidget* parent)
-    : QWidget(parent), m_theme(theme), m_group(new QButtonGroup(this)) {
+    : QWidget(parent), m_theme(theme), m_group(new ChoiceGroup(this)) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* row = makeRow(this);
     row->setContentsMargins(metrics::space2, metrics::space2, metrics::space2, metrics::space2);
@@ -64,11 +64,7 @@ void SegmentedControl::setTitle(int segment, const std::string& title) {
 }
 
 void SegmentedControl::choose(int segment) {
-    // An exclusive group keeps its last choice, even where there is none now.
-    m_group->setExclusive(segment >= 0);
-    for (QAbstractButton* button : m_group->buttons())
-        button->setChecked(m_group->id(button) == segment);
-    m_group->setExclusive(true);
+    m_group->choose(m_group->button(segment));
 }
 
 PaintedButton& SegmentedControl::segment(int index) const {

@@ -4,10 +4,9 @@
 
 #include <vector>
 
-class QButtonGroup;
-
 namespace veridane::ui {
 
+class ChoiceGroup;
 class PaintedButton;
 class Theme;
 
@@ -34,7 +33,7 @@ private:
     class Segment;
 
     const Theme& m_theme;
-    QButtonGroup* m_group;
+    ChoiceGroup* m_group;
 };
 
 } // namespace veridane::ui

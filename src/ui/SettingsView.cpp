@@ -5,6 +5,7 @@
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/Text.h"
+#include "ui/Theme.h"
 
 #include <QEvent>
 #include <QVBoxLayout>
@@ -14,7 +15,7 @@ namespace veridane::ui {
 SettingsView::SettingsView(Preferences& preferences, const Theme& theme, QWidget* parent)
     : QDialog(parent) {
     setObjectName(QStringLiteral("SettingsView"));
-    setFixedSize(metrics::settingsWidth, metrics::settingsHeight);
+    setFixedSize(theme.scaled(metrics::settingsWidth), theme.scaled(metrics::settingsHeight));
     makeColumn(this)->addWidget(new GeneralSettingsView(preferences, theme));
     retranslate();
 }

@@ -1,6 +1,7 @@
 #include "ui/SidebarRow.h"
 
 #include "ui/FocusRing.h"
+#include "ui/HelpTags.h"
 #include "ui/Painting.h"
 #include "ui/TabularText.h"
 #include "ui/Text.h"

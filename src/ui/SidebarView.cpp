@@ -2,7 +2,9 @@
 
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
+#include "platform/Text.h"
 #include "ui/Card.h"
+#include "ui/ChoiceGroup.h"
 #include "ui/DisclosureButton.h"
 #include "ui/Label.h"
 #include "ui/Layouts.h"
@@ -12,7 +14,7 @@
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
-#include <QButtonGroup>
+#include <QAbstractButton>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -55,8 +57,9 @@ int symbolSizeOf(const StatusLook& look) {
 } // namespace
 
 SidebarView::SidebarView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_theme(theme),
-      m_refresh([this] { refresh(); }) {
+    : QWidget(parent), m_coordinator(coordinator), m_theme(theme), m_refresh([this] { refresh(); }),
+      m_statusRows(new ChoiceGroup(this)), m_kindRows(new ChoiceGroup(this)),
+      m_vendorRows(new ChoiceGroup(this)) {
     setObjectName(QStringLiteral("SidebarView"));
 
     auto* list = new QWidget;
@@ -90,7 +93,7 @@ SidebarView::SidebarView(ScanCoordinator& coordinator, const Theme& theme, QWidg
 SidebarView::~SidebarView() = default;
 
 QSize SidebarView::sizeHint() const {
-    return {metrics::sidebarIdeal, QWidget::sizeHint().height()};
+    return {m_theme.scaled(metrics::sidebarIdeal), QWidget::sizeHint().height()};
 }
 
 QWidget* SidebarView::makeHeaderCard() {
@@ -154,7 +157,6 @@ void SidebarView::addSectionTitle(QVBoxLayout& column, Label*& title, int room) 
 }
 
 void SidebarView::addStatusRows(QVBoxLayout& column) {
-    m_statusRows = new QButtonGroup(this);
     for (int index = 0; index < static_cast<int>(statusFilterCount); ++index) {
         const auto filter = static_cast<StatusFilter>(index);
         const StatusLook look = lookOf(filter);
@@ -166,7 +168,7 @@ void SidebarView::addStatusRows(QVBoxLayout& column) {
         m_statusRows->addButton(row, index);
         column.addWidget(row);
     }
-    connect(m_statusRows, &QButtonGroup::idClicked, this, [this](int id) {
+    connect(m_statusRows, &ChoiceGroup::idClicked, this, [this](int id) {
         const auto filter = static_cast<StatusFilter>(id);
         if (filter == m_coordinator.statusFilter().get())
             return; // it was selected before
@@ -175,19 +177,21 @@ void SidebarView::addStatusRows(QVBoxLayout& column) {
     });
 }
 
-SidebarRow* SidebarView::addRow(QVBoxLayout& column, std::string symbol, bool isVerbatim) {
+SidebarRow* SidebarView::addRow(QVBoxLayout& column, ChoiceGroup& group, std::string symbol,
+                                bool isVerbatim) {
     auto* row = new SidebarRow(m_theme, {.symbol = std::move(symbol), .isVerbatim = isVerbatim});
+    group.addButton(row);
     column.addWidget(row);
     return row;
 }
 
 void SidebarView::addKindRows(QVBoxLayout& column) {
-    m_allKinds = addRow(column, "square.grid.2x2");
+    m_allKinds = addRow(column, *m_kindRows, "square.grid.2x2");
     m_allKinds->setObjectName(QStringLiteral("allKindsSidebarRow"));
     connect(m_allKinds, &QAbstractButton::clicked, this, [this] { chooseKind(std::nullopt); });
     for (std::size_t index = 0; index < itemKindCount; ++index) {
         const auto kind = static_cast<ItemKind>(index);
-        SidebarRow* row = addRow(column, std::string(symbolName(kind)));
+        SidebarRow* row = addRow(column, *m_kindRows, std::string(symbolName(kind)));
         row->setObjectName(toQString(std::string(rawString(kind)) + "SidebarRow"));
         connect(row, &QAbstractButton::clicked, this, [this, kind] { chooseKind(kind); });
         m_kinds.at(index) = row;
@@ -201,7 +205,7 @@ void SidebarView::addVendorGroup(QVBoxLayout& column) {
     column.addWidget(m_vendorsExpanded);
     m_vendorGroup = new QWidget;
     m_vendorColumn = makeColumn(m_vendorGroup);
-    m_allVendors = addRow(*m_vendorColumn, "building.2");
+    m_allVendors = addRow(*m_vendorColumn, *m_vendorRows, "building.2");
     m_allVendors->setObjectName(QStringLiteral("allVendorsSidebarRow"));
     connect(m_allVendors, &QAbstractButton::clicked, this, [this] { chooseVendor(std::nullopt); });
     connect(m_vendorsExpanded, &QAbstractButton::toggled, m_vendorGroup, &QWidget::setVisible);
@@ -252,15 +256,12 @@ void SidebarView::retranslate() {
 }
 
 void SidebarView::refresh() {
-    // The group takes the check away from no row before another one has it.
-    QAbstractButton* chosen =
-        m_statusRows->button(static_cast<int>(m_coordinator.statusFilter().get()));
-    chosen->setChecked(true);
     for (QAbstractButton* button : m_statusRows->buttons()) {
         const auto filter = static_cast<StatusFilter>(m_statusRows->id(button));
         static_cast<SidebarRow*>(button)->setCount(m_coordinator.count(filter));
-        button->setChecked(button == chosen);
     }
+    m_statusRows->choose(
+        m_statusRows->button(static_cast<int>(m_coordinator.statusFilter().get())));
     refreshKinds();
     refreshVendors();
 }
@@ -271,41 +272,41 @@ void SidebarView::refreshKinds() {
     m_kindTitle->setVisible(!available.empty());
     m_allKinds->setVisible(!available.empty());
     m_allKinds->setCount(m_coordinator.statusFilteredItems().size());
-    m_allKinds->setChecked(!chosen);
     for (std::size_t index = 0; index < itemKindCount; ++index) {
         const auto kind = static_cast<ItemKind>(index);
-        SidebarRow* row = m_kinds.at(index);
-        row->setVisible(std::ranges::find(available, kind) != available.end());
-        row->setCount(m_coordinator.count(kind));
-        row->setChecked(kind == chosen);
+        m_kinds.at(index)->setVisible(std::ranges::find(available, kind) != available.end());
+        m_kinds.at(index)->setCount(m_coordinator.count(kind));
     }
+    m_kindRows->choose(chosen ? m_kinds.at(static_cast<std::size_t>(*chosen)) : m_allKinds);
 }
 
 void SidebarView::refreshVendors() {
     const std::vector<VendorCount> available = m_coordinator.availableVendorCounts();
-    const auto& chosen = m_coordinator.vendorFilter().get();
+    const auto& filter = m_coordinator.vendorFilter().get();
     const auto& kind = m_coordinator.kindFilter().get();
     m_vendorsExpanded->setVisible(!available.empty());
     m_vendorGroup->setVisible(!available.empty() && m_vendorsExpanded->isChecked());
     m_allVendors->setCount(kind ? m_coordinator.count(*kind) : 0);
-    m_allVendors->setChecked(!chosen);
     while (m_vendors.size() < available.size())
         addVendorRow();
+    const SidebarRow* chosen = filter ? nullptr : m_allVendors;
     for (std::size_t index = 0; index < m_vendors.size(); ++index) {
         auto& [row, vendor] = m_vendors[index];
         row->setVisible(index < available.size());
         if (index >= available.size())
             continue;
         vendor = available[index].vendor;
-        row->setTitle(available[index].vendor);
+        row->setTitle(text::printable(vendor));
         row->setCount(available[index].count);
-        row->setChecked(available[index].vendor == chosen);
+        if (vendor == filter)
+            chosen = row;
     }
+    m_vendorRows->choose(chosen);
 }
 
 // The rows are used again for other vendors: making hundreds of them costs more than all the rest.
 void SidebarView::addVendorRow() {
-    SidebarRow* row = addRow(*m_vendorColumn, "person.circle", true);
+    SidebarRow* row = addRow(*m_vendorColumn, *m_vendorRows, "person.circle", true);
     row->setObjectName(QStringLiteral("vendorSidebarRow"));
     connect(row, &QAbstractButton::clicked, this,
             [this, index = m_vendors.size()] { chooseVendor(m_vendors[index].vendor); });

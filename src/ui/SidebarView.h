@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-class QButtonGroup;
 class QVBoxLayout;
 
 namespace veridane {
@@ -19,6 +18,7 @@ class ScanCoordinator;
 
 namespace veridane::ui {
 
+class ChoiceGroup;
 class DisclosureButton;
 class Label;
 class SidebarRow;
@@ -45,7 +45,7 @@ private:
     [[nodiscard]] QWidget* makeSystemLines();
     void addSectionTitle(QVBoxLayout& column, Label*& title, int room);
     void addStatusRows(QVBoxLayout& column);
-    [[nodiscard]] SidebarRow* addRow(QVBoxLayout& column, std::string symbol,
+    [[nodiscard]] SidebarRow* addRow(QVBoxLayout& column, ChoiceGroup& group, std::string symbol,
                                      bool isVerbatim = false);
     void addKindRows(QVBoxLayout& column);
     void addVendorGroup(QVBoxLayout& column);
@@ -67,7 +67,9 @@ private:
     Label* m_processor = nullptr;
     Label* m_rosetta = nullptr;
     Label* m_statusTitle = nullptr;
-    QButtonGroup* m_statusRows = nullptr; // by the number of the filter
+    ChoiceGroup* m_statusRows; // by the number of the filter
+    ChoiceGroup* m_kindRows;
+    ChoiceGroup* m_vendorRows;
     Label* m_kindTitle = nullptr;
     SidebarRow* m_allKinds = nullptr;
     std::array<SidebarRow*, itemKindCount> m_kinds{};

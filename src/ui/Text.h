@@ -17,10 +17,4 @@ namespace veridane::ui {
     return toQString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-/// The text as a help tag that breaks its lines and takes no character for markup. Only for what
-/// shows it: widgets and models keep the plain text, which assistive technology reads.
-[[nodiscard]] inline QString helpTag(const QString& text) {
-    return QLatin1String("<qt>") + text.toHtmlEscaped() + QLatin1String("</qt>");
-}
-
 } // namespace veridane::ui

@@ -1,16 +1,22 @@
 #include "ui/VeridaneStyle.h"
 
 #include "ui/ButtonDrawing.h"
+#include "ui/FocusRing.h"
 #include "ui/MenuDrawing.h"
 #include "ui/Metrics.h"
 #include "ui/Painting.h"
 #include "ui/ScrollBarDrawing.h"
 #include "ui/Theme.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -20,6 +26,17 @@ namespace {
 template <typename Option>
 const Option& as(const QStyleOption* option) {
     return *qstyleoption_cast<const Option*>(option);
+}
+
+/// The controls of dialogs that are not ours show the keyboard's focus as well.
+void giveDefaultRing(QWidget& widget) {
+    if (hasRing(widget))
+        return;
+    if (qobject_cast<QLineEdit*>(&widget))
+        setRing(widget, {.gap = 0, .radius = metrics::fieldRadius});
+    else if (qobject_cast<QPushButton*>(&widget) || qobject_cast<QComboBox*>(&widget) ||
+             qobject_cast<QToolButton*>(&widget))
+        setRing(widget, {.radius = metrics::buttonRadius});
 }
 
 void drawProgress(const Theme& theme, const QStyleOptionProgressBar& option, QPainter& painter) {
@@ -78,6 +95,11 @@ QPalette VeridaneStyle::themePalette() const {
 
 void VeridaneStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    giveDefaultRing(*widget);
+    // The list of a pop-up stands on the surface of menus.
+    if (const auto* list = qobject_cast<QAbstractItemView*>(widget);
+        list && list->parentWidget() && list->parentWidget()->inherits("QComboBoxPrivateContainer"))
+        list->viewport()->setBackgroundRole(QPalette::ToolTipBase);
     if (qobject_cast<QMenu*>(widget) && menu_drawing::canHaveRoundCorners())
         widget->setAttribute(Qt::WA_TranslucentBackground);
     if (qobject_cast<QScrollBar*>(widget)) {
@@ -129,6 +151,7 @@ int VeridaneStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
     case SH_ScrollBar_Transient: // those fade away, and with them the sign that there is more
+    case SH_FocusFrame_Mask:     // that cuts off the bends of the ring
     case SH_UnderlineShortcut:   // the letters are told by the keyboard's own help alone
         return 0;
     case SH_ToolTipLabel_Opacity:
@@ -164,8 +187,9 @@ void VeridaneStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
         if (!option->state.testFlag(State_Enabled))
             painter->setOpacity(opacity::disabled);
         painting::fillRounded(*painter, option->rect, metrics::fieldRadius, colours.control);
-        painting::strokeInside(*painter, option->rect, metrics::fieldRadius, colours.controlBorder,
-                               metrics::hairline);
+        if (!option->state.testFlag(State_HasFocus)) // the ring takes its place
+            painting::strokeInside(*painter, option->rect, metrics::fieldRadius,
+                                   colours.controlBorder, metrics::hairline);
         painter->restore();
         return;
     default:
