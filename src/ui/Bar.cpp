@@ -99,7 +99,7 @@ void Bar::makeMenus() {
 QToolButton* Bar::makeTool(const char* name, const char* symbol) {
     auto* tool = new QToolButton;
     tool->setObjectName(toQString(name));
-    tool->setProperty(symbolProperty, toQString(symbol));
+    setButtonSymbol(*tool, symbol);
     tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tool->setFocusPolicy(Qt::TabFocus);
     setRing(*tool, {.radius = metrics::largeButtonRadius});

@@ -3,7 +3,6 @@
 #include "ui/ButtonRole.h"
 #include "ui/Metrics.h"
 #include "ui/Painting.h"
-#include "ui/Text.h"
 #include "ui/Theme.h"
 
 #include <QPainter>
@@ -67,14 +66,10 @@ QFont fontOf(const Theme& theme, ButtonRole role) {
     return theme.font(role == ButtonRole::borderedSmall ? TextStyle::callout : TextStyle::body);
 }
 
-std::string symbolNameOf(const QWidget* widget) {
-    return widget ? widget->property(symbolProperty).toString().toStdString() : std::string();
-}
-
 /// Draws symbol and text from `x` on, with the middle of the rectangle.
 void drawSymbolAndText(const Theme& theme, QPainter& painter, QRect rect, const QWidget* widget,
                        ButtonRole role, const QString& text, const QColor& colour) {
-    const std::string symbol = symbolNameOf(widget);
+    const std::string symbol = buttonSymbol(widget);
     if (!symbol.empty()) {
         const int size = symbolSize(role);
         theme.drawSymbol(painter, QRect(rect.x(), rect.y(), size, rect.height()), symbol, size,
@@ -99,7 +94,7 @@ void drawBordered(const Theme& theme, const QStyleOption& option, QPainter& pain
 int contentWidth(const Theme& theme, const QWidget* widget, ButtonRole role, const QString& text) {
     const int textWidth =
         QFontMetrics(fontOf(theme, role)).size(Qt::TextHideMnemonic, text).width();
-    return symbolNameOf(widget).empty() ? textWidth
+    return buttonSymbol(widget).empty() ? textWidth
                                         : textWidth + symbolSize(role) + metrics::space6;
 }
 

@@ -9,11 +9,11 @@ class QStyleOptionComboBox;
 class QStyleOptionToolButton;
 class QWidget;
 
-/// How buttons look and how large they are, by their role.
 namespace veridane::ui {
 class Theme;
 }
 
+/// How buttons look and how large they are, by their role.
 namespace veridane::ui::button_drawing {
 
 void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& painter,

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 class QAbstractButton;
 class QWidget;
@@ -16,11 +18,12 @@ enum class ButtonRole : std::uint8_t {
     tool // in the bar: nothing but symbol and label until it is hovered
 };
 
-/// A property with the name of the symbol that stands in front of the label.
-inline constexpr const char* symbolProperty = "symbol";
-
 /// Bordered is what a button is without this call.
 void setButtonRole(QAbstractButton& button, ButtonRole role);
 [[nodiscard]] ButtonRole buttonRole(const QWidget* button);
+
+/// The symbol that stands in front of the label; empty without one.
+void setButtonSymbol(QAbstractButton& button, std::string_view name);
+[[nodiscard]] std::string buttonSymbol(const QWidget* button);
 
 } // namespace veridane::ui

@@ -25,7 +25,7 @@ struct ContentServices {
     Workspace& workspace;
     Preferences& preferences;
     SavePanel& savePanel;
-    Theme& theme;
+    const Theme& theme;
 };
 
 /// The main window: sidebar, content and details side by side below their bar. When it appears for

@@ -9,10 +9,10 @@
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SymbolLabel.h"
+#include "ui/SymbolLook.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 #include "ui/TintedBox.h"
-#include "ui/UrgencyLook.h"
 #include "ui/WrapLabel.h"
 
 #include <QEvent>
@@ -112,18 +112,18 @@ void DetailView::refresh() {
     m_emptyState->setVisible(!item);
     m_scrollArea->setVisible(item.has_value());
     if (item)
-        show(*item);
+        showItem(*item);
 }
 
-void DetailView::show(const ScanItem& item) {
+void DetailView::showItem(const ScanItem& item) {
     const Recommendation recommendation = m_coordinator.recommendation(item);
-    const UrgencyLook look = lookOf(recommendation.urgency);
-    m_kindSymbol->show(std::string(symbolName(item.kind)), Tone::accent);
+    const SymbolLook look = lookOf(recommendation.urgency);
+    m_kindSymbol->setSymbol(symbolName(item.kind), Tone::accent);
     m_name->setText(toQString(text::printable(item.name)));
     m_scrollArea->setAccessibleName(m_name->text());
     m_kind->setText(toQString(displayName(item.kind)));
     m_verdictBox->setTone(look.tone);
-    m_urgencySymbol->show(std::string(look.symbol), look.tone);
+    m_urgencySymbol->setSymbol(look.symbol, look.tone);
     m_verdict->setTone(look.tone);
     m_verdict->setText(toQString(recommendation.verdict));
     m_advice->setText(toQString(recommendation.advice));

@@ -38,7 +38,7 @@ private:
     [[nodiscard]] QWidget* makeHeader();
     [[nodiscard]] QWidget* makeVerdictBox();
     void refresh();
-    void show(const ScanItem& item);
+    void showItem(const ScanItem& item);
 
     ScanCoordinator& m_coordinator;
     const Theme& m_theme;

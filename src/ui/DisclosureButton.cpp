@@ -8,8 +8,6 @@
 #include <QStyle>
 #include <QVariantAnimation>
 
-#include <utility>
-
 namespace veridane::ui {
 namespace {
 
@@ -18,9 +16,8 @@ constexpr double openDegrees = 90; // from a chevron that points to the right
 
 } // namespace
 
-DisclosureButton::DisclosureButton(const Theme& theme, std::string symbol, QWidget* parent)
-    : PaintedButton(theme, parent), m_symbol(std::move(symbol)),
-      m_turn(new QVariantAnimation(this)) {
+DisclosureButton::DisclosureButton(const Theme& theme, std::string_view symbol, QWidget* parent)
+    : PaintedButton(theme, parent), m_symbol(symbol), m_turn(new QVariantAnimation(this)) {
     setCheckable(true);
     setFont(theme.font(TextStyle::subheadline));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

@@ -3,6 +3,7 @@
 #include "ui/PaintedButton.h"
 
 #include <string>
+#include <string_view>
 
 class QVariantAnimation;
 
@@ -13,7 +14,7 @@ class DisclosureButton : public PaintedButton {
     Q_OBJECT
 
 public:
-    DisclosureButton(const Theme& theme, std::string symbol, QWidget* parent = nullptr);
+    DisclosureButton(const Theme& theme, std::string_view symbol, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QAccessible::State accessibleState() const override;

@@ -10,11 +10,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <utility>
-
 namespace veridane::ui {
 
-EmptyStateView::EmptyStateView(const Theme& theme, std::string symbol, QWidget* parent)
+EmptyStateView::EmptyStateView(const Theme& theme, std::string_view symbol, QWidget* parent)
     : QWidget(parent), m_title(new Label(theme, TextStyle::title2)),
       m_description(new WrapLabel(theme, TextStyle::callout, Tone::secondary)),
       m_column(makeColumn(this)) {
@@ -24,7 +22,7 @@ EmptyStateView::EmptyStateView(const Theme& theme, std::string symbol, QWidget* 
     m_column->setContentsMargins(metrics::space16, 0, metrics::space16,
                                  2 * metrics::emptyStateLift);
     m_column->addStretch();
-    m_column->addWidget(new SymbolLabel(theme, std::move(symbol), metrics::emptyStateSymbol,
+    m_column->addWidget(new SymbolLabel(theme, symbol, metrics::emptyStateSymbol,
                                         metrics::emptyStateSymbol, Tone::tertiary),
                         0, Qt::AlignHCenter);
     m_column->addSpacing(metrics::emptyStateTitleGap);

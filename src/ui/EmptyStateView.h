@@ -2,7 +2,6 @@
 
 #include <QWidget>
 
-#include <string>
 #include <string_view>
 
 class QPushButton;
@@ -19,7 +18,7 @@ class EmptyStateView : public QWidget {
     Q_OBJECT
 
 public:
-    EmptyStateView(const Theme& theme, std::string symbol, QWidget* parent = nullptr);
+    EmptyStateView(const Theme& theme, std::string_view symbol, QWidget* parent = nullptr);
 
     void setTexts(std::string_view title, std::string_view description);
     /// Puts a button below the texts, which becomes the view's.

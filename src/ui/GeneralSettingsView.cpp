@@ -133,7 +133,7 @@ void GeneralSettingsView::refresh() {
     // A text that names no mode is followed as the system's, but it is no choice of the user's.
     const bool isKnown = m_preferences.appearanceRaw().get() == rawString(mode);
     m_modes->choose(isKnown ? static_cast<int>(mode) : -1);
-    m_modeSymbol->show(std::string(symbolName(mode)), Tone::accent);
+    m_modeSymbol->setSymbol(symbolName(mode), Tone::accent);
     m_modeDescription->setText(toQString(description(mode)));
     m_languages->setCurrentIndex(static_cast<int>(m_preferences.appLanguage()));
 }

@@ -6,11 +6,11 @@ class QPainter;
 class QRect;
 class QStyleOptionMenuItem;
 
-/// How menus, their entries and the titles in the menu bar look.
 namespace veridane::ui {
 class Theme;
 }
 
+/// How menus, their entries and the titles in the menu bar look.
 namespace veridane::ui::menu_drawing {
 
 void drawPanel(const Theme& theme, const QRect& rect, QPainter& painter);

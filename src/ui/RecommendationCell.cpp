@@ -2,9 +2,9 @@
 
 #include "ui/LineBreaks.h"
 #include "ui/Metrics.h"
+#include "ui/SymbolLook.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
-#include "ui/UrgencyLook.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -33,7 +33,7 @@ std::vector<QString> lines(const QString& text, const QFont& font, int width) {
 
 void RecommendationCell::paint(QPainter& painter, const QRect& rect, const QFont& font,
                                const Theme& theme) const {
-    const UrgencyLook look = lookOf(m_recommendation.urgency);
+    const SymbolLook look = lookOf(m_recommendation.urgency);
     theme.drawSymbol(painter, {rect.x(), rect.y(), metrics::symbol, rect.height()}, look.symbol,
                      metrics::symbol, look.tone);
     const QRect text = rect.adjusted(metrics::symbol + metrics::cellGap, 0, 0, 0);

@@ -28,10 +28,6 @@ const ScanItem* itemOf(const QModelIndex& index) {
     return index.data(ResultsModel::ItemRole).value<const ScanItem*>();
 }
 
-ResultsColumn columnOf(const QModelIndex& index) {
-    return static_cast<ResultsColumn>(index.column());
-}
-
 /// Names of files may hold line ends, and signs that turn the letters after them around.
 QString inOneLine(QString text) {
     text.truncate(maxPaintedLength);
@@ -101,7 +97,7 @@ ResultsDelegate::Content ResultsDelegate::contentOf(const QModelIndex& index) co
     Content content;
     content.text = index.data().toString();
     content.font = &m_detailFont;
-    switch (columnOf(index)) {
+    switch (ResultsModel::columnOf(index)) {
     case ResultsColumn::name:
         content.font = &m_nameFont;
         content.tone = Tone::primary;
@@ -135,7 +131,7 @@ ResultsDelegate::Content ResultsDelegate::contentOf(const QModelIndex& index) co
 
 ResultsDelegate::Places ResultsDelegate::placesIn(const QRect& cell, const Content& content,
                                                   const QModelIndex& index) const {
-    const ResultsColumn column = columnOf(index);
+    const ResultsColumn column = ResultsModel::columnOf(index);
     int left = cell.x() + metrics::cellPaddingLeft;
     int right = cell.x() + cell.width() - metrics::cellPaddingRight;
     if (column == ResultsColumn::name)
@@ -151,7 +147,7 @@ ResultsDelegate::Places ResultsDelegate::placesIn(const QRect& cell, const Conte
     if (content.hasBadge)
         right -= metrics::cellGap + metrics::symbol;
     const int room = std::max(0, right - left);
-    if (columnOf(index) == ResultsColumn::assessment || !content.font) {
+    if (column == ResultsColumn::assessment || !content.font) {
         places.text = {left, cell.y(), room, cell.height()};
         return places;
     }
@@ -178,7 +174,7 @@ void ResultsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setClipRect(option.rect, Qt::IntersectClip);
     const Content content = contentOf(index);
     const Places places = placesIn(option.rect, content, index);
-    if (columnOf(index) == ResultsColumn::assessment) {
+    if (ResultsModel::columnOf(index) == ResultsColumn::assessment) {
         const Recommendation recommendation = m_coordinator.recommendation(*item);
         RecommendationCell(recommendation).paint(*painter, places.text, m_verdictFont, m_theme);
         painter->restore();

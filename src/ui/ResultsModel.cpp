@@ -15,10 +15,6 @@ namespace {
 // Each costs the view a walk over its rows; beyond these one new beginning is cheaper.
 constexpr std::size_t maxRuns = 24;
 
-ResultsColumn columnOf(const QModelIndex& index) {
-    return static_cast<ResultsColumn>(index.column());
-}
-
 } // namespace
 
 ResultsModel::ResultsModel(const ScanCoordinator& coordinator, QObject* parent)

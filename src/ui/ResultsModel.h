@@ -28,6 +28,10 @@ public:
         ItemRole = Qt::UserRole
     };
 
+    [[nodiscard]] static ResultsColumn columnOf(const QModelIndex& index) {
+        return static_cast<ResultsColumn>(index.column());
+    }
+
     /// The coordinator must outlive the model. Empty until the first refresh.
     explicit ResultsModel(const ScanCoordinator& coordinator, QObject* parent = nullptr);
     ~ResultsModel() override;

@@ -57,13 +57,13 @@ ResultsTable::ResultsTable(ScanCoordinator& coordinator, Workspace& workspace,
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
     viewport()->setAttribute(Qt::WA_Hover);
-    nameForAssistiveTechnology();
+    retranslate();
     m_isRefreshing = false;
 }
 
 ResultsTable::~ResultsTable() = default;
 
-void ResultsTable::nameForAssistiveTechnology() {
+void ResultsTable::retranslate() {
     setAccessibleName(toQString(localized("Ergebnisse")));
 }
 
@@ -122,11 +122,11 @@ int ResultsTable::selectedRow() const {
 }
 
 void ResultsTable::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) {
+        m_model.retranslate();
+        retranslate();
+    }
     QTreeView::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange)
-        return;
-    m_model.retranslate();
-    nameForAssistiveTechnology();
 }
 
 // Actions
@@ -137,10 +137,10 @@ std::unique_ptr<QMenu> ResultsTable::contextMenu(const std::optional<Uuid>& id) 
         return nullptr;
     auto menu = std::make_unique<QMenu>(this);
     menu->setObjectName(QStringLiteral("resultsContextMenu"));
-    menu->addAction(withoutMnemonics(localized("Im Finder zeigen")), this,
+    menu->addAction(toQString(localized("Im Finder zeigen")), this,
                     [this, path = Path(item->path)] { m_workspace.revealFile(path); });
     if (UpdateChecker::hasSource(*item))
-        menu->addAction(withoutMnemonics(localized("Update prüfen")), this,
+        menu->addAction(toQString(localized("Update prüfen")), this,
                         [this, id = *id] { m_coordinator.checkUpdate(id); });
     return menu;
 }

@@ -61,7 +61,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void nameForAssistiveTechnology();
+    void retranslate();
     void showSelection();
     void writeSelection();
     bool selectFirst();

@@ -29,7 +29,7 @@ ResultsTableView::ResultsTableView(ScanCoordinator& coordinator, Workspace& work
     m_emptyState->setButton(m_button);
     m_stack->addWidget(m_emptyState);
     m_stack->addWidget(m_table);
-    setTexts();
+    retranslate();
     m_refresh.on(coordinator.items());
     m_refresh.on(coordinator.nativeCounterpartKeys());
     m_refresh.on(coordinator.isScanning());
@@ -43,17 +43,17 @@ ResultsTableView::ResultsTableView(ScanCoordinator& coordinator, Workspace& work
 
 ResultsTableView::~ResultsTableView() = default;
 
-void ResultsTableView::setTexts() {
+void ResultsTableView::retranslate() {
     m_emptyState->setTexts(
         localized("Noch kein Scan"),
         localized("Starte einen Scan, um zu sehen, welche Programme Rosetta benötigen."));
-    m_button->setText(withoutMnemonics(localized("Jetzt scannen")));
+    m_button->setText(toQString(localized("Jetzt scannen")));
 }
 
 void ResultsTableView::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        setTexts();
+        retranslate();
+    QWidget::changeEvent(event);
 }
 
 void ResultsTableView::refresh() {

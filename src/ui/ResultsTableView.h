@@ -33,7 +33,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void setTexts();
+    void retranslate();
     void refresh();
 
     ScanCoordinator& m_coordinator;

@@ -12,10 +12,6 @@
 
 namespace veridane::ui::scroll_bar_drawing {
 
-QRect groove(const QStyleOptionSlider& option) {
-    return option.rect;
-}
-
 QRect thumb(const QStyleOptionSlider& option) {
     const bool isHorizontal = option.orientation == Qt::Horizontal;
     const int length =

@@ -11,6 +11,7 @@
 #include "ui/Metrics.h"
 #include "ui/SidebarRow.h"
 #include "ui/SymbolLabel.h"
+#include "ui/SymbolLook.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
@@ -25,12 +26,7 @@
 namespace veridane::ui {
 namespace {
 
-struct StatusLook {
-    const char* symbol;
-    Tone tone;
-};
-
-StatusLook lookOf(StatusFilter filter) {
+SymbolLook lookOf(StatusFilter filter) {
     switch (filter) {
     case StatusFilter::all:
         return {"square.grid.2x2", Tone::secondary};
@@ -50,8 +46,8 @@ StatusLook lookOf(StatusFilter filter) {
     return {};
 }
 
-int symbolSizeOf(const StatusLook& look) {
-    return std::string_view(look.symbol) == "circle.fill" ? metrics::statusDot : metrics::symbol;
+int symbolSizeOf(const SymbolLook& look) {
+    return look.symbol == "circle.fill" ? metrics::statusDot : metrics::symbol;
 }
 
 } // namespace
@@ -159,8 +155,8 @@ void SidebarView::addSectionTitle(QVBoxLayout& column, Label*& title, int room) 
 void SidebarView::addStatusRows(QVBoxLayout& column) {
     for (int index = 0; index < static_cast<int>(statusFilterCount); ++index) {
         const auto filter = static_cast<StatusFilter>(index);
-        const StatusLook look = lookOf(filter);
-        auto* row = new SidebarRow(m_theme, {.symbol = look.symbol,
+        const SymbolLook look = lookOf(filter);
+        auto* row = new SidebarRow(m_theme, {.symbol = std::string(look.symbol),
                                              .tone = look.tone,
                                              .symbolSize = symbolSizeOf(look),
                                              .height = metrics::statusRowHeight});
@@ -177,9 +173,9 @@ void SidebarView::addStatusRows(QVBoxLayout& column) {
     });
 }
 
-SidebarRow* SidebarView::addRow(QVBoxLayout& column, ChoiceGroup& group, std::string symbol,
+SidebarRow* SidebarView::addRow(QVBoxLayout& column, ChoiceGroup& group, std::string_view symbol,
                                 bool isVerbatim) {
-    auto* row = new SidebarRow(m_theme, {.symbol = std::move(symbol), .isVerbatim = isVerbatim});
+    auto* row = new SidebarRow(m_theme, {.symbol = std::string(symbol), .isVerbatim = isVerbatim});
     group.addButton(row);
     column.addWidget(row);
     return row;
@@ -191,7 +187,7 @@ void SidebarView::addKindRows(QVBoxLayout& column) {
     connect(m_allKinds, &QAbstractButton::clicked, this, [this] { chooseKind(std::nullopt); });
     for (std::size_t index = 0; index < itemKindCount; ++index) {
         const auto kind = static_cast<ItemKind>(index);
-        SidebarRow* row = addRow(column, *m_kindRows, std::string(symbolName(kind)));
+        SidebarRow* row = addRow(column, *m_kindRows, symbolName(kind));
         row->setObjectName(toQString(std::string(rawString(kind)) + "SidebarRow"));
         connect(row, &QAbstractButton::clicked, this, [this, kind] { chooseKind(kind); });
         m_kinds.at(index) = row;

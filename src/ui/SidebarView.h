@@ -8,6 +8,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class QVBoxLayout;
@@ -45,8 +46,8 @@ private:
     [[nodiscard]] QWidget* makeSystemLines();
     void addSectionTitle(QVBoxLayout& column, Label*& title, int room);
     void addStatusRows(QVBoxLayout& column);
-    [[nodiscard]] SidebarRow* addRow(QVBoxLayout& column, ChoiceGroup& group, std::string symbol,
-                                     bool isVerbatim = false);
+    [[nodiscard]] SidebarRow* addRow(QVBoxLayout& column, ChoiceGroup& group,
+                                     std::string_view symbol, bool isVerbatim = false);
     void addKindRows(QVBoxLayout& column);
     void addVendorGroup(QVBoxLayout& column);
     void addVendorRow();

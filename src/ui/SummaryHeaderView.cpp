@@ -26,7 +26,7 @@ namespace {
 
 struct TileRow {
     const char* name;
-    Tile::Look look;
+    SymbolLook look;
     StatusFilter filter;
 };
 constexpr TileRow tileRows[] = {

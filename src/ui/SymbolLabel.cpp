@@ -2,18 +2,16 @@
 
 #include <QPainter>
 
-#include <utility>
-
 namespace veridane::ui {
 
-SymbolLabel::SymbolLabel(const Theme& theme, std::string name, int size, int box, Tone tone,
+SymbolLabel::SymbolLabel(const Theme& theme, std::string_view name, int size, int box, Tone tone,
                          QWidget* parent)
-    : QWidget(parent), m_theme(theme), m_name(std::move(name)), m_size(size), m_tone(tone) {
+    : QWidget(parent), m_theme(theme), m_name(name), m_size(size), m_tone(tone) {
     setFixedSize(box, size);
 }
 
-void SymbolLabel::show(std::string name, Tone tone) {
-    m_name = std::move(name);
+void SymbolLabel::setSymbol(std::string_view name, Tone tone) {
+    m_name = name;
     m_tone = tone;
     update();
 }

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include <string>
+#include <string_view>
 
 namespace veridane::ui {
 
@@ -14,10 +15,10 @@ class SymbolLabel : public QWidget {
 
 public:
     /// The symbol stands in the middle of a box that is `box` logical pixels wide.
-    SymbolLabel(const Theme& theme, std::string name, int size, int box, Tone tone,
+    SymbolLabel(const Theme& theme, std::string_view name, int size, int box, Tone tone,
                 QWidget* parent = nullptr);
 
-    void show(std::string name, Tone tone);
+    void setSymbol(std::string_view name, Tone tone);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

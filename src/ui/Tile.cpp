@@ -14,7 +14,7 @@ constexpr int titleFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
 
 } // namespace
 
-Tile::Tile(const Theme& theme, const Look& look, StatusFilter filter, QWidget* parent)
+Tile::Tile(const Theme& theme, const SymbolLook& look, StatusFilter filter, QWidget* parent)
     : PaintedButton(theme, parent), m_look(look), m_filter(filter) {
     setCheckable(true);
     setFont(theme.font(TextStyle::caption));

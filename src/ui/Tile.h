@@ -2,6 +2,7 @@
 
 #include "coordination/StatusFilter.h"
 #include "ui/PaintedButton.h"
+#include "ui/SymbolLook.h"
 #include "ui/Theme.h"
 
 namespace veridane::ui {
@@ -11,11 +12,8 @@ class Tile : public PaintedButton {
     Q_OBJECT
 
 public:
-    struct Look {
-        const char* symbol;
-        Tone tone;
-    };
-    Tile(const Theme& theme, const Look& look, StatusFilter filter, QWidget* parent = nullptr);
+    Tile(const Theme& theme, const SymbolLook& look, StatusFilter filter,
+         QWidget* parent = nullptr);
 
     [[nodiscard]] StatusFilter filter() const { return m_filter; }
 
@@ -32,7 +30,7 @@ private:
     void paintCount(QPainter& painter) const;
     [[nodiscard]] QRect titleRect(int width) const;
 
-    Look m_look;
+    SymbolLook m_look;
     StatusFilter m_filter;
 };
 

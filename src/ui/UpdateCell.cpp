@@ -47,9 +47,11 @@ UpdateCell::UpdateCell(const ScanItem& item) {
     m_text = toQString(localized("Prüfen"));
     m_tone = Tone::accent;
     m_style = TextStyle::callout;
+    m_isLink = true;
 }
 
 void paintWheel(QPainter& painter, const QRect& rect, const QColor& colour, int step) {
+    constexpr int spokes = 8;
     constexpr double grid = 16;
     constexpr QRectF spoke(-0.9, -6.5, 1.8, 4); // the upper one, on the grid, from the middle
     constexpr double faintest = 0.2;
@@ -59,11 +61,11 @@ void paintWheel(QPainter& painter, const QRect& rect, const QColor& colour, int 
     painter.setPen(Qt::NoPen);
     painter.translate(QRectF(rect).center());
     painter.scale(rect.width() / grid, rect.height() / grid);
-    for (int i = 0; i < wheelSpokes; ++i) {
-        const int strength = (i + wheelSpokes - step % wheelSpokes) % wheelSpokes;
+    for (int i = 0; i < spokes; ++i) {
+        const int strength = (i + spokes - step % spokes) % spokes;
         painter.setBrush(faded(colour, faintest + perSpoke * strength));
         painter.drawRoundedRect(spoke, spoke.width() / 2, spoke.width() / 2);
-        painter.rotate(360.0 / wheelSpokes);
+        painter.rotate(360.0 / spokes);
     }
     painter.restore();
 }

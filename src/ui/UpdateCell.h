@@ -31,7 +31,7 @@ public:
     /// Whether a wheel turns in front of the text.
     [[nodiscard]] bool isChecking() const { return m_isChecking; }
     /// Whether the text can be pressed, to start a check.
-    [[nodiscard]] bool isLink() const { return m_tone == Tone::accent; }
+    [[nodiscard]] bool isLink() const { return m_isLink; }
 
 private:
     QString m_text;
@@ -40,10 +40,10 @@ private:
     Tone m_tone = Tone::secondary;
     TextStyle m_style = TextStyle::caption;
     bool m_isChecking = false;
+    bool m_isLink = false;
 };
 
-/// A wheel of eight spokes that has turned by `step` of them.
-inline constexpr int wheelSpokes = 8;
+/// A wheel that has turned by `step` spokes.
 void paintWheel(QPainter& painter, const QRect& rect, const QColor& colour, int step);
 
 } // namespace veridane::ui

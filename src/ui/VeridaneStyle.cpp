@@ -117,8 +117,6 @@ int VeridaneStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return metrics::scrollBarExtent;
     case PM_ScrollView_ScrollBarSpacing:
         return 0;
-    case PM_ScrollBarSliderMin:
-        return metrics::scrollThumbLength;
     case PM_SplitterWidth:
         return metrics::hairline;
     case PM_FocusFrameHMargin:
@@ -173,7 +171,6 @@ void VeridaneStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_PanelItemViewRow:
     case PE_FrameFocusRect:
     case PE_FrameMenu:
-    case PE_FrameStatusBarItem:
         return;
     case PE_PanelMenu:
         menu_drawing::drawPanel(m_theme, option->rect, *painter);
@@ -260,7 +257,7 @@ QRect VeridaneStyle::subControlRect(ComplexControl control, const QStyleOptionCo
     const auto& slider = as<QStyleOptionSlider>(option);
     const QRect thumb = scroll_bar_drawing::thumb(slider);
     const bool isHorizontal = slider.orientation == Qt::Horizontal;
-    QRect rect = scroll_bar_drawing::groove(slider);
+    QRect rect = slider.rect;
     switch (subControl) {
     case SC_ScrollBarSlider:
         return thumb;

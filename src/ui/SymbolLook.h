@@ -7,12 +7,13 @@
 
 namespace veridane::ui {
 
-/// How a judgement is shown beside its words.
-struct UrgencyLook {
+/// What is shown beside words.
+struct SymbolLook {
     std::string_view symbol;
     Tone tone = Tone::gray;
 };
 
-[[nodiscard]] UrgencyLook lookOf(Urgency urgency);
+/// Beside a judgement.
+[[nodiscard]] SymbolLook lookOf(Urgency urgency);
 
 } // namespace veridane::ui

@@ -1,8 +1,8 @@
-#include "ui/UrgencyLook.h"
+#include "ui/SymbolLook.h"
 
 namespace veridane::ui {
 
-UrgencyLook lookOf(Urgency urgency) {
+SymbolLook lookOf(Urgency urgency) {
     switch (urgency) {
     case Urgency::breaksOnMacOS28:
         return {"xmark.octagon.fill", Tone::red};
