@@ -22,6 +22,8 @@
 #include <QShortcut>
 #include <QToolButton>
 
+#include <string>
+
 namespace veridane::ui {
 
 Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme, QWidget* parent)

@@ -14,6 +14,7 @@
 #include <QUrl>
 
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace veridane::ui {

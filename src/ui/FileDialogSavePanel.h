@@ -6,6 +6,9 @@
 #include <QString>
 #include <QWidget>
 
+#include <optional>
+#include <string>
+
 namespace veridane::ui {
 
 /// The desktop's own save dialog where it has one, else the toolkit's.

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QFocusFrame>
 #include <QPainter>
 #include <QVariant>
 

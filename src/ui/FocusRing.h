@@ -2,8 +2,10 @@
 
 #include "ui/Metrics.h"
 
-#include <QFocusFrame>
+#include <QObject>
 #include <QPointer>
+
+class QWidget;
 
 namespace veridane::ui {
 

@@ -20,7 +20,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <cstddef>
+#include <string>
 
 namespace veridane::ui {
 namespace {

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QStyleOption>
 
+#include <utility>
+
 namespace veridane::ui::menu_drawing {
 namespace {
 

@@ -6,10 +6,8 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 #include <memory>
-#include <optional>
 #include <string>
 
 class QSettings;

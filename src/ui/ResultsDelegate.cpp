@@ -17,6 +17,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <string_view>
 
 namespace veridane::ui {
 namespace {

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "ui/ResultsColumns.h"
-
 #include <QAbstractItemDelegate>
 #include <QFont>
-
-#include <string_view>
 
 namespace veridane {
 class ScanCoordinator;

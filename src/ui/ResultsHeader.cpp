@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <string_view>
 
 namespace veridane::ui {
 namespace {

@@ -6,7 +6,6 @@
 #include "ui/UpdateCell.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace veridane::ui {

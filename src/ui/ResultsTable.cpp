@@ -20,6 +20,8 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace veridane::ui {
 namespace {

@@ -9,6 +9,7 @@
 #include <QStyleOptionSlider>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace veridane::ui::scroll_bar_drawing {
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include <vector>
+#include <string>
 
 namespace veridane::ui {
 

@@ -23,6 +23,9 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace veridane::ui {
 namespace {
 

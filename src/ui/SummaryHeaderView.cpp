@@ -19,7 +19,10 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
+#include <string>
+#include <utility>
 
 namespace veridane::ui {
 namespace {

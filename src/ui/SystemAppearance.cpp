@@ -1,6 +1,5 @@
 #include "ui/SystemAppearance.h"
 
-#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -8,13 +7,13 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QFontInfo>
+#include <QGuiApplication>
 #include <QMap>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
 
 #include <memory>
-#include <utility>
 
 namespace veridane::ui {
 namespace {

@@ -99,12 +99,12 @@ void Theme::choose() {
         m_mode == AppearanceMode::dark || (m_mode == AppearanceMode::system && m_look.isDark);
     ThemeColours colours = m_isDark ? darkColours() : lightColours();
     if (m_look.accent)
-        colours = withAccent(std::move(colours), *m_look.accent);
+        colours = withAccent(colours, *m_look.accent);
     if (m_look.wantsHighContrast)
-        colours = withHighContrast(std::move(colours));
+        colours = withHighContrast(colours);
     if (colours == m_colours)
         return;
-    m_colours = std::move(colours);
+    m_colours = colours;
     m_symbols->clear();
     Q_EMIT changed();
 }

@@ -7,6 +7,8 @@
 
 #include <QPainter>
 
+#include <string>
+
 namespace veridane::ui {
 
 UpdateCell::UpdateCell(const ScanItem& item) {

@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <cstdint>
 #include <string_view>
 
 class QPainter;

@@ -7,8 +7,8 @@
 #include "updates/StoreLookup.h"
 #include "updates/UpdateChecker.h"
 
-#include <QApplication>
 #include <QDBusConnection>
+#include <QGuiApplication>
 #include <QIcon>
 
 #include <cstdint>

@@ -19,6 +19,8 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace veridane::ui {
 namespace {

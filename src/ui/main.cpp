@@ -11,6 +11,11 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
 
 namespace {
 

@@ -9,7 +9,6 @@
 #include <QLocale>
 #include <QWidget>
 
-#include <array>
 #include <cstdlib>
 
 namespace veridane::ui {

@@ -4,8 +4,6 @@
 #include "ui/SidebarView.h"
 #include "ui/WindowFixture.h"
 
-#include <QLabel>
-
 namespace veridane::test {
 namespace {
 

@@ -1,7 +1,5 @@
 #include "ui/Theme.h"
 
-#include <QApplication>
-
 #include <gtest/gtest.h>
 
 namespace veridane::ui {

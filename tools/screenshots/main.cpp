@@ -18,10 +18,13 @@
 #include <QApplication>
 #include <QDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <latch>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
