@@ -9,9 +9,12 @@
 #include <QWidget>
 
 namespace veridane::ui {
+namespace {
 
 // The toolkit would choose a width of its own, and break even short texts.
-QString helpTag(const QString& text) {
+QString markup(const QString& text) {
+    if (text.isEmpty())
+        return {};
     const bool fits =
         QFontMetrics(QToolTip::font()).horizontalAdvance(text) <= metrics::helpTagWidth;
     if (fits)
@@ -20,6 +23,12 @@ QString helpTag(const QString& text) {
     return QStringLiteral("<table cellspacing='0' cellpadding='0' width='%1'><tr><td>")
                .arg(metrics::helpTagWidth) +
            text.toHtmlEscaped() + QLatin1String("</td></tr></table>");
+}
+
+} // namespace
+
+void showHelpTag(const QHelpEvent& event, const QString& text, QWidget& widget, const QRect& rect) {
+    QToolTip::showText(event.globalPos(), markup(text), &widget, rect);
 }
 
 HelpTags::HelpTags(QObject* parent) : QObject(parent) {
@@ -32,8 +41,7 @@ bool HelpTags::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = qobject_cast<QWidget*>(watched);
     if (!widget || widget->toolTip().isEmpty())
         return false;
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), helpTag(widget->toolTip()),
-                       widget);
+    showHelpTag(*static_cast<QHelpEvent*>(event), widget->toolTip(), *widget);
     return true;
 }
 

@@ -7,7 +7,6 @@
 #include <QEvent>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 namespace veridane::ui {
 
@@ -54,7 +53,7 @@ void Label::paintEvent(QPaintEvent* event) {
 bool Label::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || !isCut())
         return QLabel::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), helpTag(text()), this);
+    showHelpTag(*static_cast<QHelpEvent*>(event), text(), *this);
     return true;
 }
 

@@ -14,7 +14,6 @@
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include <algorithm>
 #include <string_view>
@@ -235,10 +234,8 @@ bool ResultsDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip)
         return false;
-    const QString tag = helpTagAt(event->pos(), option.rect, index);
-    QToolTip::showText(event->globalPos(),
-                       tag.isEmpty() ? QString() : helpTag(tag.left(maxTagLength)),
-                       view->viewport(), option.rect);
+    showHelpTag(*event, helpTagAt(event->pos(), option.rect, index).left(maxTagLength),
+                *view->viewport(), option.rect);
     return true;
 }
 

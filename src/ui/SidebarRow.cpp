@@ -8,7 +8,6 @@
 
 #include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include <utility>
 
@@ -56,7 +55,7 @@ bool SidebarRow::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip ||
         fontMetrics().horizontalAdvance(title()) <= titleRect().width())
         return PaintedButton::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), helpTag(title()), this);
+    showHelpTag(*static_cast<QHelpEvent*>(event), title(), *this);
     return true;
 }
 

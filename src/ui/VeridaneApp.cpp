@@ -11,13 +11,10 @@
 #include <QGuiApplication>
 #include <QIcon>
 
-#include <cstdint>
 #include <utility>
 
 namespace veridane::ui {
 namespace {
-
-constexpr std::int64_t cacheSchemaVersion = 1;
 
 void nameApplication() {
     QCoreApplication::setApplicationName(QStringLiteral("Veridane"));
@@ -33,10 +30,8 @@ VeridaneApp::VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments
     : m_systemAppearance(platformLook(), QDBusConnection::sessionBus()),
       m_theme(m_systemAppearance.look()), m_look(m_theme), m_volume(std::move(volume)),
       m_queries(*m_volume.files), m_workspace(arguments.volume.value_or("/")),
-      m_coordinator(
-          services(),
-          std::make_unique<ScanCacheStore>(dataDirectory(arguments.volume), cacheSchemaVersion),
-          dataDirectory(arguments.volume)) {
+      m_coordinator(services(), std::make_unique<ScanCacheStore>(dataDirectory(arguments.volume)),
+                    dataDirectory(arguments.volume)) {
     nameApplication();
     m_preferences.applyLanguage(m_preferences.appLanguage());
     follow();

@@ -98,7 +98,8 @@ QPalette VeridaneStyle::themePalette() const {
 void VeridaneStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     giveDefaultRing(*widget);
-    // The list of a pop-up stands on the surface of menus.
+    // The list of a pop-up stands on the surface of menus. The class has no header; under another
+    // name the list would have the surface of the table, which is close.
     if (const auto* list = qobject_cast<QAbstractItemView*>(widget);
         list && list->parentWidget() && list->parentWidget()->inherits("QComboBoxPrivateContainer"))
         list->viewport()->setBackgroundRole(QPalette::ToolTipBase);

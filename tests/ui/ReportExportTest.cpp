@@ -1,8 +1,7 @@
 #include "ui/ReportExport.h"
 
-#include "coordination/CoordinatorFixture.h"
+#include "ui/WindowFixture.h"
 
-#include <functional>
 #include <optional>
 #include <utility>
 
@@ -11,25 +10,7 @@ namespace {
 
 using test::textOf;
 
-/// Answers for the user.
-class AnsweringPanel : public SavePanel {
-public:
-    [[nodiscard]] std::optional<std::string> chooseFile(const std::string& proposedName) override {
-        proposed.push_back(proposedName);
-        whileOpen();
-        return answer;
-    }
-
-    test::Texts proposed;
-    std::optional<std::string> answer;
-    std::function<void()> whileOpen = [] {
-    };
-};
-
-class ReportExportTest : public test::CoordinatorTest {
-protected:
-    AnsweringPanel panel;
-};
+using ReportExportTest = test::WindowTest;
 
 TEST_F(ReportExportTest, EachReportHasAllItemsOfTheMomentWhateverTheFilterShows) {
     const std::pair<void (*)(const ScanCoordinator&, SavePanel&), const char*> reports[] = {
@@ -38,17 +19,17 @@ TEST_F(ReportExportTest, EachReportHasAllItemsOfTheMomentWhateverTheFilterShows)
         {ReportExport::exportMarkdown, "rosetta-bericht.md"},
     };
     coordinator->setSearchText("first");
-    panel.answer = volume.hostPath("/report");
-    panel.whileOpen = [this] {
+    savePanel.answer = volume.hostPath("/report");
+    savePanel.whileOpen = [this] {
         show({});
     };
     for (const auto& [exportReport, name] : reports) {
         volume.file("/report", std::string(100'000, '#')); // longer than any of them
         show({test::sampleItem("First", CompatibilityStatus::needsRosetta),
               test::sampleItem("Second", CompatibilityStatus::needsRosetta)});
-        exportReport(*coordinator, panel);
-        const std::string text = textOf(*panel.answer);
-        EXPECT_EQ(panel.proposed.back(), name);
+        exportReport(*coordinator, savePanel);
+        const std::string text = textOf(*savePanel.answer);
+        EXPECT_EQ(savePanel.proposedNames.back(), name);
         for (const char* item : {"First", "Second"})
             EXPECT_NE(text.find(item), std::string::npos) << text;
         EXPECT_EQ(text.find("####"), std::string::npos) << "nothing of the old file";
@@ -61,10 +42,10 @@ TEST_F(ReportExportTest, ACancelledPanelAndAPlaceThatTakesNoFileLeaveNoTrace) {
                                                      {volume.hostPath("/gone/report")},
                                                      {volume.hostPath("/pipe")},
                                                      {volume.hostPath("/folder")}}) {
-        panel.answer = answer;
-        ReportExport::saveText("text", "name", panel);
+        savePanel.answer = answer;
+        ReportExport::saveText("text", "name", savePanel);
     }
-    EXPECT_EQ(panel.proposed.size(), 4U);
+    EXPECT_EQ(savePanel.proposedNames.size(), 4U);
     EXPECT_EQ(volume.files().list(Path())->size(), 2U);
 }
 

@@ -9,9 +9,10 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
-#include <utility>
 
 namespace veridane::test {
 
@@ -20,11 +21,14 @@ class RecordingSavePanel : public ui::SavePanel {
 public:
     std::optional<std::string> chooseFile(const std::string& proposedName) override {
         proposedNames.push_back(proposedName);
+        whileOpen();
         return answer;
     }
 
     Texts proposedNames;
     std::optional<std::string> answer;
+    std::function<void()> whileOpen = [] {
+    };
 };
 
 inline int occurrences(const std::string& text, const std::string& part) {
