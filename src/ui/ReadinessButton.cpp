@@ -9,6 +9,7 @@
 #include <QPainter>
 
 namespace veridane::ui {
+
 ReadinessButton::ReadinessButton(const Theme& theme, QWidget* parent)
     : PaintedButton(theme, parent),
       m_action(new Label(theme, TextStyle::calloutSemibold, Tone::orange, this)) {

@@ -9,6 +9,7 @@
 #include "ui/ApplicationLook.h"
 #include "ui/ContentView.h"
 #include "ui/InterfaceLanguage.h"
+#include "ui/Metrics.h"
 #include "ui/Preferences.h"
 #include "ui/SavePanel.h"
 #include "ui/SettingsView.h"
@@ -105,7 +106,7 @@ public:
         }
     }
 
-    void save(const QString& file, QSize size = {1440, 880}) {
+    void save(const QString& file, QSize size = {metrics::windowWidth, metrics::windowHeight}) {
         ContentView window({m_coordinator, m_workspace, m_preferences, m_savePanel, m_theme}, {});
         window.resize(size);
         grab(window, file);
@@ -235,7 +236,7 @@ const State states[] = {
          stage.scan();
          stage.checkUpdates();
          chooseApplications(stage);
-         stage.save(file, {1180, 720});
+         stage.save(file, {metrics::windowMinimumWidth, metrics::windowMinimumHeight});
      }},
     {"settings",
      [](Stage& stage, const QString& file) {
