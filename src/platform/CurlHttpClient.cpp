@@ -69,11 +69,11 @@ public:
     Network(const Network&) = delete;
     Network& operator=(const Network&) = delete;
 
-    void get(const Url& url, BodyHandler onBody, Completion onEnd);
+    void get(const HttpRequest& request, BodyHandler onBody, Completion onEnd);
 
 private:
     struct Request {
-        Url url;
+        HttpRequest what;
         BodyHandler onBody;
         Completion onEnd;
     };
@@ -84,6 +84,7 @@ private:
     void finishDone();
     void finishSilent(Clock::time_point now);
     void finish(CURL* handle, CURLcode result);
+    [[nodiscard]] CurlTransfer::Bounds boundsOf(const HttpRequest& request) const;
     [[nodiscard]] int millisecondsToNextSilence() const;
 
     const HttpSettings m_settings;
@@ -121,10 +122,11 @@ CurlHttpClient::Network::~Network() {
     curl_multi_cleanup(m_multi);
 }
 
-void CurlHttpClient::Network::get(const Url& url, BodyHandler onBody, Completion onEnd) {
+void CurlHttpClient::Network::get(const HttpRequest& request, BodyHandler onBody,
+                                  Completion onEnd) {
     {
         const std::lock_guard lock(m_mutex);
-        m_requests.push_back({url, std::move(onBody), std::move(onEnd)});
+        m_requests.push_back({request, std::move(onBody), std::move(onEnd)});
     }
     curl_multi_wakeup(m_multi);
 }
@@ -151,16 +153,21 @@ void CurlHttpClient::Network::takeRequests() {
         requests.swap(m_requests);
     }
     for (Request& request : requests) {
-        auto target = HttpTarget::of(request.url);
+        auto target = HttpTarget::of(request.what.url);
         if (m_isEnding)
             return;
         if (auto* error = std::get_if<TransportError>(&target))
             request.onEnd(std::move(*error));
         else
-            m_queue.add(std::make_unique<CurlTransfer>(std::get<HttpTarget>(std::move(target)),
-                                                       std::move(request.onBody),
-                                                       std::move(request.onEnd)));
+            m_queue.add(std::make_unique<CurlTransfer>(
+                std::get<HttpTarget>(std::move(target)), boundsOf(request.what),
+                std::move(request.onBody), std::move(request.onEnd)));
     }
+}
+
+CurlTransfer::Bounds CurlHttpClient::Network::boundsOf(const HttpRequest& request) const {
+    return {std::min(request.duration.value_or(m_settings.duration), m_settings.duration),
+            std::min(request.largestBody.value_or(m_settings.largestBody), m_settings.largestBody)};
 }
 
 void CurlHttpClient::Network::startWaiting() {
@@ -221,8 +228,8 @@ CurlHttpClient::CurlHttpClient(HttpSettings settings)
 
 CurlHttpClient::~CurlHttpClient() = default;
 
-void CurlHttpClient::get(const Url& url, BodyHandler onBody, Completion onEnd) {
-    m_network->get(url, std::move(onBody), std::move(onEnd));
+void CurlHttpClient::get(const HttpRequest& request, BodyHandler onBody, Completion onEnd) {
+    m_network->get(request, std::move(onBody), std::move(onEnd));
 }
 
 } // namespace veridane

@@ -40,7 +40,7 @@ public:
     CurlHttpClient(const CurlHttpClient&) = delete;
     CurlHttpClient& operator=(const CurlHttpClient&) = delete;
 
-    void get(const Url& url, BodyHandler onBody, Completion onEnd) override;
+    void get(const HttpRequest& request, BodyHandler onBody, Completion onEnd) override;
 
 private:
     class Network;

@@ -84,7 +84,7 @@ struct CurlTransfer::Callbacks {
             return 0;
         self.m_lastActivity = Clock::now();
         self.m_bodyBytes += size;
-        if (self.m_bodyBytes > self.m_settings->largestBody) {
+        if (self.m_bodyBytes > self.m_bounds.largestBody) {
             self.m_failure = self.tooLarge();
             return 0;
         }
@@ -100,9 +100,10 @@ void CurlTransfer::HandleCleanup::operator()(void* handle) const {
     curl_easy_cleanup(handle);
 }
 
-CurlTransfer::CurlTransfer(HttpTarget target, HttpClient::BodyHandler onBody,
+CurlTransfer::CurlTransfer(HttpTarget target, const Bounds& bounds, HttpClient::BodyHandler onBody,
                            HttpClient::Completion onEnd)
-    : m_target(std::move(target)), m_onBody(std::move(onBody)), m_onEnd(std::move(onEnd)) {
+    : m_target(std::move(target)), m_bounds(bounds), m_onBody(std::move(onBody)),
+      m_onEnd(std::move(onEnd)) {
     static_assert(errorSize >= CURL_ERROR_SIZE);
 }
 
@@ -133,11 +134,11 @@ void* CurlTransfer::begin(const HttpSettings& settings, const std::atomic<bool>&
 
     // curl divides this among the addresses of a host.
     curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, long{settings.silence.count()});
-    const milliseconds left = std::max(settings.duration - m_timeUsed, milliseconds(1)); // 0: none
+    const milliseconds left = std::max(m_bounds.duration - m_timeUsed, milliseconds(1)); // 0: none
     curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, long{left.count()});
     // Somebody's feed may lead to a disk image: its stated length is enough to leave it alone.
     curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE,
-                     static_cast<curl_off_t>(settings.largestBody));
+                     static_cast<curl_off_t>(m_bounds.largestBody));
 
     curl_easy_setopt(handle, CURLOPT_PREREQFUNCTION, &Callbacks::beforeRequest);
     curl_easy_setopt(handle, CURLOPT_PREREQDATA, this);
@@ -196,7 +197,7 @@ std::optional<std::string> CurlTransfer::redirectLocation() const {
 }
 
 TransportError CurlTransfer::tooLarge() const {
-    return {curl_easy_strerror(CURLE_FILESIZE_EXCEEDED), m_settings->largestBody};
+    return {curl_easy_strerror(CURLE_FILESIZE_EXCEEDED), m_bounds.largestBody};
 }
 
 } // namespace veridane

@@ -7,6 +7,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,7 +20,12 @@ class CurlTransfer {
 public:
     using Clock = std::chrono::steady_clock;
 
-    CurlTransfer(HttpTarget target, HttpClient::BodyHandler onBody, HttpClient::Completion onEnd);
+    struct Bounds {
+        std::chrono::milliseconds duration;
+        std::uint64_t largestBody; // bytes
+    };
+    CurlTransfer(HttpTarget target, const Bounds& bounds, HttpClient::BodyHandler onBody,
+                 HttpClient::Completion onEnd);
     CurlTransfer(const CurlTransfer&) = delete;
     CurlTransfer& operator=(const CurlTransfer&) = delete;
 
@@ -52,6 +58,7 @@ private:
     [[nodiscard]] TransportError tooLarge() const;
 
     HttpTarget m_target;
+    Bounds m_bounds;
     HttpClient::BodyHandler m_onBody;
     HttpClient::Completion m_onEnd;
     const HttpSettings* m_settings = nullptr;

@@ -2,6 +2,7 @@
 
 #include "platform/Url.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -28,6 +29,14 @@ struct TransportError {
 
 using HttpOutcome = std::variant<HttpStatus, TransportError>;
 
+/// What to fetch, within which bounds. Without them those of the client hold; they can only be
+/// narrowed.
+struct HttpRequest {
+    Url url;
+    std::optional<std::chrono::milliseconds> duration{}; // of the whole transfer, once it runs
+    std::optional<std::uint64_t> largestBody{};          // bytes, after decompression
+};
+
 /// Fetches documents over HTTP, many at a time.
 class HttpClient {
 public:
@@ -43,7 +52,7 @@ public:
     /// once, unless the client is destroyed before: then neither is called any more. They should
     /// be quick, because all transfers wait for them, and may call `get`, but not destroy the
     /// client. Safe on any thread.
-    virtual void get(const Url& url, BodyHandler onBody, Completion onEnd) = 0;
+    virtual void get(const HttpRequest& request, BodyHandler onBody, Completion onEnd) = 0;
 };
 
 } // namespace veridane

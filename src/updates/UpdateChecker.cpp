@@ -50,7 +50,7 @@ void fetchAppcast(const Url& url, const Text& installedVersion, const Text& inst
                   HttpClient& client, OnResult onResult) {
     const auto parser = std::make_shared<AppcastParser>();
     client.get(
-        url, [parser](std::string_view piece) { parser->feed(piece); },
+        {url}, [parser](std::string_view piece) { parser->feed(piece); },
         [parser, installedVersion, installedBuild,
          onResult = std::move(onResult)](const HttpOutcome& outcome) {
             if (const auto* error = std::get_if<TransportError>(&outcome))
@@ -76,7 +76,7 @@ void lookupAppStore(const Text& bundleIdentifier, const Text& installedVersion,
         return onResult(UpdateCheckResult::noFeed());
     const auto body = std::make_shared<std::string>();
     sources.client.get(
-        *url, [body](std::string_view piece) { *body += piece; },
+        {*url}, [body](std::string_view piece) { *body += piece; },
         [body, installedVersion, onResult = std::move(onResult)](const HttpOutcome& outcome) {
             if (const auto* error = std::get_if<TransportError>(&outcome))
                 return onResult(resultOf(*error));

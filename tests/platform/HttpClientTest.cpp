@@ -37,7 +37,7 @@ class Result {
 public:
     Result(HttpClient& client, const std::string& url) {
         client.get(
-            *Url::parse(url), [this](std::string_view piece) { m_body += piece; },
+            {*Url::parse(url)}, [this](std::string_view piece) { m_body += piece; },
             [this](HttpOutcome outcome) { m_outcome.set_value(std::move(outcome)); });
     }
     std::string text() {
@@ -225,7 +225,7 @@ TEST(HttpClient, NothingIsCalledOnceTheClientIsGone) {
         CurlHttpClient client;
         for (int i = 0; i < 200; ++i)
             client.get(
-                *Url::parse(server.url("/", hostOf(i))), [&](std::string_view) { ++calls; },
+                {*Url::parse(server.url("/", hostOf(i)))}, [&](std::string_view) { ++calls; },
                 [&](const HttpOutcome&) { ++calls; });
         server.waitForRequests(64);
     }
@@ -255,8 +255,8 @@ TEST(HttpClient, ABusyHostKeepsNobodyElseWaiting) {
     TransferQueue queue(5, 2);
     for (const char* host : {"a", "a", "a", "a", "b", "c"})
         queue.add(std::make_unique<CurlTransfer>(
-            std::get<HttpTarget>(HttpTarget::of(*Url::parse("http://"s + host))), nullptr,
-            nullptr));
+            std::get<HttpTarget>(HttpTarget::of(*Url::parse("http://"s + host))),
+            CurlTransfer::Bounds{}, nullptr, nullptr));
     const auto taken = [&] {
         std::string hosts;
         while (const auto transfer = queue.take())
@@ -278,7 +278,7 @@ TEST(HttpClient, FourHundredTransfersGetByWithFewOpenFiles) {
     std::promise<void> allEnded;
     std::function<void(int)> start = [&](int i) {
         client.get(
-            *Url::parse(server.url("/", hostOf(i))), [](std::string_view) {},
+            {*Url::parse(server.url("/", hostOf(i)))}, [](std::string_view) {},
             [&, i](const HttpOutcome& outcome) {
                 good += outcome == HttpOutcome(HttpStatus{200});
                 if (i < 200) // half of them are asked for on the client's own thread
@@ -310,7 +310,7 @@ TEST(HttpClient, NamesThatNobodyResolvesHoldNothingUp) {
     {
         CurlHttpClient patient;
         for (int i = 0; i < 100; ++i)
-            patient.get(*Url::parse("http://veridane.invalid/"), nullptr,
+            patient.get({*Url::parse("http://veridane.invalid/")}, nullptr,
                         [](const HttpOutcome&) { ADD_FAILURE() << "it has fifteen seconds"; });
         EXPECT_TRUE(fetched("http://veridane.invalid/", {.silence = 50ms})
                         .starts_with("Resolving timed out after"));

@@ -29,7 +29,7 @@ class TlsIdentity;
 ///     LoopbackServer server([](const LoopbackServer::Request& request, auto& connection) {
 ///         connection.answer(request.target == "/feed.xml" ? 200 : 404, "body");
 ///     });
-///     client.get(*Url::parse(server.url("/feed.xml")), ...);
+///     client.get({*Url::parse(server.url("/feed.xml"))}, ...);
 ///
 /// The function runs once for each request, on a thread for each connection, so guard what it
 /// shares. When it returns, the connection waits for the next request, unless it was closed.

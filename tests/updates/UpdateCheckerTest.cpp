@@ -11,8 +11,8 @@ using Result = UpdateCheckResult;
 
 /// Answers every request at once with the same outcome.
 struct FixedAnswer : HttpClient {
-    void get(const Url& url, BodyHandler onBody, Completion onEnd) override {
-        requests.push_back(url.text());
+    void get(const HttpRequest& request, BodyHandler onBody, Completion onEnd) override {
+        requests.push_back(request.url.text());
         for (const char byte : body)
             onBody({&byte, 1});
         onEnd(outcome);
