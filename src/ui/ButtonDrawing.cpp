@@ -27,6 +27,8 @@ Shape shapeOf(ButtonRole role) {
         return {metrics::smallButtonHeight, metrics::space10, metrics::smallButtonRadius};
     case ButtonRole::prominentLarge:
         return {metrics::largeButtonHeight, metrics::space16, metrics::largeButtonRadius};
+    case ButtonRole::action:
+        return {metrics::actionHeight, metrics::space10, metrics::buttonRadius};
     case ButtonRole::tool:
         return {metrics::toolButtonHeight, metrics::toolButtonPadding, metrics::largeButtonRadius};
     }
@@ -60,6 +62,16 @@ int symbolSize(ButtonRole role) {
     return role == ButtonRole::borderedSmall ? metrics::smallSymbol : metrics::symbol;
 }
 
+int symbolGap(ButtonRole role) {
+    return role == ButtonRole::action ? metrics::space8 : metrics::space6;
+}
+
+/// Where the symbol stands for the button's purpose it has the colour of what can be pressed.
+Tone symbolTone(ButtonRole role) {
+    return role == ButtonRole::bordered || role == ButtonRole::action ? Tone::accent
+                                                                      : Tone::secondary;
+}
+
 QFont fontOf(const Theme& theme, ButtonRole role) {
     if (isProminent(role))
         return theme.font(TextStyle::bodyMedium);
@@ -73,8 +85,8 @@ void drawSymbolAndText(const Theme& theme, QPainter& painter, QRect rect, const 
     if (!symbol.empty()) {
         const int size = symbolSize(role);
         theme.drawSymbol(painter, QRect(rect.x(), rect.y(), size, rect.height()), symbol, size,
-                         Tone::secondary);
-        rect.setLeft(rect.left() + size + metrics::space6);
+                         symbolTone(role));
+        rect.setLeft(rect.left() + size + symbolGap(role));
     }
     painter.setFont(fontOf(theme, role));
     painter.setPen(colour);
@@ -95,7 +107,7 @@ int contentWidth(const Theme& theme, const QWidget* widget, ButtonRole role, con
     const int textWidth =
         QFontMetrics(fontOf(theme, role)).size(Qt::TextHideMnemonic, text).width();
     return buttonSymbol(widget).empty() ? textWidth
-                                        : textWidth + symbolSize(role) + metrics::space6;
+                                        : textWidth + symbolSize(role) + symbolGap(role);
 }
 
 } // namespace
@@ -126,8 +138,9 @@ void drawLabel(const Theme& theme, const QStyleOptionButton& option, QPainter& p
     if (!has(option, QStyle::State_Enabled))
         painter.setOpacity(opacity::disabled);
     const int width = contentWidth(theme, widget, role, option.text);
-    const QRect rect(option.rect.x() + (option.rect.width() - width) / 2, option.rect.y(), width,
-                     option.rect.height());
+    const int left =
+        role == ButtonRole::action ? shapeOf(role).padding : (option.rect.width() - width) / 2;
+    const QRect rect(option.rect.x() + left, option.rect.y(), width, option.rect.height());
     drawSymbolAndText(theme, painter, rect, widget, role, option.text,
                       theme.textColour(isProminent(role) ? Tone::onAccent : Tone::primary));
     painter.restore();

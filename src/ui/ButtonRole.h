@@ -15,7 +15,8 @@ enum class ButtonRole : std::uint8_t {
     borderedSmall,
     prominent,
     prominentLarge,
-    tool // in the bar: nothing but symbol and label until it is hovered
+    action, // over the full width of its place, symbol and label on the left
+    tool    // in the bar: nothing but symbol and label until it is hovered
 };
 
 /// Bordered is what a button is without this call.

@@ -96,6 +96,29 @@ inline constexpr int detailSymbol = 32;
 inline constexpr int detailSymbolBox = 44;
 inline constexpr int verdictSymbol = 18;
 inline constexpr int verdictBoxRadius = 10;
+inline constexpr int factLabelWidth = 130;
+inline constexpr int boxRadius = 8; // of the component and command boxes, and of catalogue rows
+inline constexpr int componentGap = 3;
+inline constexpr int actionHeight = 30; // of a button over the full width
+
+// sheets
+inline constexpr int sheetRadius = 14;
+inline constexpr int sheetRise = 8; // while it fades in
+inline constexpr int bannerSymbol = 18;
+inline constexpr int guideWidth = 480;
+inline constexpr int sheetTitleSymbol = 20;
+inline constexpr int stepCircle = 26;
+inline constexpr int welcomeWidth = 520;
+inline constexpr int welcomeHeight = 700;
+inline constexpr int welcomeIcon = 84;
+inline constexpr int featureSymbolBox = 22;
+inline constexpr int largeCardRadius = 16; // of the maker's, the about and the legal cards
+inline constexpr int logoHeight = 52;
+inline constexpr int catalogueIcon = 32;
+inline constexpr int catalogueIconRadius = 7;
+inline constexpr int catalogueTextGap = 1;
+inline constexpr int placeholderSymbol = 13;
+inline constexpr int linkArrow = 11;
 
 // settings
 inline constexpr int settingsWidth = 480;
@@ -103,7 +126,17 @@ inline constexpr int settingsHeight = 440;
 inline constexpr int settingsMargin = 20;
 inline constexpr int settingsGroupRadius = 10;
 inline constexpr int settingsRowHeight = 44; // at least
-inline constexpr int popUpPadding = 10;      // left of the text
+inline constexpr int restartSymbol = 17;
+inline constexpr int tabStripHeight = 64;
+inline constexpr int tabWidth = 76;
+inline constexpr int tabSymbol = 20;
+inline constexpr int tabRadius = 8;
+inline constexpr int aboutIcon = 72;
+inline constexpr int aboutArrow = 13;
+inline constexpr int legalSymbol = 15;
+inline constexpr int legalSymbolBox = 18;
+inline constexpr int legalRowHeight = 26;
+inline constexpr int popUpPadding = 10; // left of the text
 inline constexpr int popUpChevron = 12;
 
 // symbols

@@ -43,6 +43,10 @@ inline constexpr double tileBorder = 0.3;
 inline constexpr double activeTileBorder = 0.95;
 inline constexpr double verdictFill = 0.10;
 inline constexpr double verdictBorder = 0.35;
+inline constexpr double componentBox = 0.08;
+inline constexpr double banner = 0.12;
+inline constexpr double quietFill = 0.5; // of the quaternary fill
+inline constexpr double iconPlaceholder = 0.15;
 } // namespace opacity
 
 /// All colours of one appearance.

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/HttpClient.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace veridane {
+
+/// Another application of the maker's.
+struct MirefoldApp {
+    std::string name;
+    std::string tagline;                // one line of description
+    std::string url;                    // its page; also what it is known by
+    std::optional<std::string> iconURL; // of a picture
+
+    bool operator==(const MirefoldApp&) const = default;
+};
+
+/// The maker's other applications, as the document apps.json of the maker's site lists them, or as
+/// the program knows them by itself.
+namespace AppCatalogue {
+
+using Outcome = std::variant<std::vector<MirefoldApp>, TransportError>;
+
+/// Asks the site and returns at once. An answer that is no success, or no such document, is an
+/// empty list. `onEnd` is called once on a thread of the client, or never if that is destroyed
+/// before.
+void fetchRemote(HttpClient& client, std::function<void(Outcome)> onEnd);
+
+/// Eight of them in a fixed order, with their descriptions in the language in force.
+[[nodiscard]] std::vector<MirefoldApp> builtIn();
+
+/// Reads the document: an array of objects with "name", "tagline", "url" and perhaps "icon". One
+/// bad element makes all of it unusable: then there is nothing.
+[[nodiscard]] std::optional<std::vector<MirefoldApp>> parse(std::string_view document);
+
+} // namespace AppCatalogue
+
+} // namespace veridane
