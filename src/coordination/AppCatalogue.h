@@ -11,7 +11,8 @@
 
 namespace veridane {
 
-/// Another application of the maker's.
+/// Another application of the maker's. What comes from the site is kept as it came: texts of any
+/// length with any characters, and addresses that may be none. Views make it printable and short.
 struct MirefoldApp {
     std::string name;
     std::string tagline;                // one line of description
@@ -22,21 +23,23 @@ struct MirefoldApp {
 };
 
 /// The maker's other applications, as the document apps.json of the maker's site lists them, or as
-/// the program knows them by itself.
+/// the program knows them by itself. Safe on any thread.
 namespace AppCatalogue {
 
 using Outcome = std::variant<std::vector<MirefoldApp>, TransportError>;
 
 /// Asks the site and returns at once. An answer that is no success, or no such document, is an
-/// empty list. `onEnd` is called once on a thread of the client, or never if that is destroyed
-/// before.
+/// empty list; one that is too large or has not ended after eight seconds is an error. `onEnd` is
+/// called once, on a thread of the client or, if the site has no usable address, within the call.
+/// Not at all if the client is destroyed before.
 void fetchRemote(HttpClient& client, std::function<void(Outcome)> onEnd);
 
 /// Eight of them in a fixed order, with their descriptions in the language in force.
 [[nodiscard]] std::vector<MirefoldApp> builtIn();
 
-/// Reads the document: an array of objects with "name", "tagline", "url" and perhaps "icon". One
-/// bad element makes all of it unusable: then there is nothing.
+/// Reads the document: an array of objects with "name", "tagline", "url" and perhaps "icon", all of
+/// them texts. One bad element makes all of it unusable: then there is nothing. Nor is there for a
+/// list of more than 500.
 [[nodiscard]] std::optional<std::vector<MirefoldApp>> parse(std::string_view document);
 
 } // namespace AppCatalogue
