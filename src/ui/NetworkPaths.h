@@ -2,12 +2,18 @@
 
 #include "coordination/NetworkMonitor.h"
 
+#include <QNetworkInformation>
+
 #include <memory>
 
 namespace veridane::ui {
 
-/// The watcher of this system: the toolkit's where it has one, else the kernel's news of addresses
-/// on Linux. Where there is neither, the machine counts as online. For the main thread.
+/// The watcher of this system: the toolkit's where it follows the service that manages the
+/// network, else one of the kernel's own news. Where there is neither, the machine counts as
+/// online. For the main thread, where it also calls.
 [[nodiscard]] std::unique_ptr<PathWatcher> makePathWatcher();
+
+/// What the toolkit's word for it means. Where that is "unknown", it is up to `hasWayOut`.
+[[nodiscard]] PathStatus pathStatus(QNetworkInformation::Reachability reachability, bool hasWayOut);
 
 } // namespace veridane::ui

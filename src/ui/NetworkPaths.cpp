@@ -1,0 +1,74 @@
+#include "ui/NetworkPaths.h"
+
+#include "platform/NetworkLinks.h"
+#include "ui/LinkWatcher.h"
+
+#include <QObject>
+
+#include <functional>
+#include <utility>
+
+namespace veridane::ui {
+namespace {
+
+/// Follows the toolkit's one object, which lives as long as the application.
+class ToolkitWatcher : public PathWatcher {
+public:
+    explicit ToolkitWatcher(QNetworkInformation& network) : m_network(network) {}
+
+    void start(std::function<void(PathStatus)> onPath) override {
+        if (m_isCancelled)
+            return;
+        const auto tell = [onPath = std::move(onPath)](QNetworkInformation::Reachability now) {
+            onPath(pathStatus(now, NetworkLinks::hasWayOut()));
+        };
+        m_connection =
+            QObject::connect(&m_network, &QNetworkInformation::reachabilityChanged, &m_user, tell);
+        tell(m_network.reachability());
+    }
+
+    void cancel() override {
+        m_isCancelled = true;
+        QObject::disconnect(m_connection);
+    }
+
+private:
+    QNetworkInformation& m_network;
+    QMetaObject::Connection m_connection;
+    QObject m_user; // whose end is that of the connection
+    bool m_isCancelled = false;
+};
+
+/// The system's own one, which is NetworkManager on Linux, and no other that merely has the
+/// feature: GLib's is silent in an event loop that is not GLib's. Null where that does not run.
+QNetworkInformation* toolkitsNetwork() {
+    QNetworkInformation::loadDefaultBackend();
+    QNetworkInformation* const network = QNetworkInformation::instance();
+    return network && network->supports(QNetworkInformation::Feature::Reachability) ? network
+                                                                                    : nullptr;
+}
+
+} // namespace
+
+std::unique_ptr<PathWatcher> makePathWatcher() {
+    if (QNetworkInformation* const network = toolkitsNetwork())
+        return std::make_unique<ToolkitWatcher>(*network);
+    return std::make_unique<LinkWatcher>(NetworkLinks::openNews(), &NetworkLinks::hasWayOut);
+}
+
+PathStatus pathStatus(QNetworkInformation::Reachability reachability, bool hasWayOut) {
+    switch (reachability) {
+    case QNetworkInformation::Reachability::Online:
+    case QNetworkInformation::Reachability::Site:
+        return PathStatus::satisfied;
+    case QNetworkInformation::Reachability::Disconnected:
+    case QNetworkInformation::Reachability::Local:
+        return PathStatus::unsatisfied;
+    case QNetworkInformation::Reachability::Unknown:
+        // NetworkManager's state while it connects, and when the user has switched it off.
+        break;
+    }
+    return hasWayOut ? PathStatus::satisfied : PathStatus::unsatisfied;
+}
+
+} // namespace veridane::ui
