@@ -1,0 +1,201 @@
+#include "ui/PictureLoader.h"
+
+#include "platform/CurlHttpClient.h"
+#include "platform/DrainedQueue.h"
+#include "support/Bytes.h"
+#include "support/LoopbackServer.h"
+#include "ui/PictureDecoder.h"
+#include "ui/WindowFixture.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImageWriter>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace veridane::ui {
+namespace {
+
+using namespace veridane::test;
+using namespace std::string_literals;
+
+std::string encoded(const QSize& size, const char* format) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::darkGreen);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
+    writer.setProgressiveScanWrite(true);
+    EXPECT_TRUE(writer.write(image));
+    return buffer.data().toStdString();
+}
+
+/// A black pixel on a screen of that size; the toolkit reads this format but writes none.
+std::string gif(std::size_t width, std::size_t height) {
+    const auto number = [](std::size_t value) {
+        return std::string{static_cast<char>(value & 0xFF), static_cast<char>(value >> 8)};
+    };
+    return "GIF89a" + number(width) + number(height) + "\x80\0\0\0\0\0\xff\xff\xff"s +
+           ",\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;"s;
+}
+
+/// With another part before those that hold the pixels. Nobody gets to its checksum.
+std::string withPart(std::string png, const std::string& name, const std::string& contents) {
+    constexpr std::size_t behindHeader = 33;
+    const Bytes size = bigEndian({contents.size()});
+    return png.insert(behindHeader, std::string(size.begin(), size.end()) + name + contents +
+                                        std::string(4, '\0'));
+}
+
+/// Its last scan again and again, until there are so many.
+std::string withScans(std::string jpeg, int count) {
+    const std::string marker = "\xff\xda";
+    const auto end = jpeg.size() - 2;
+    const std::string last = jpeg.substr(jpeg.rfind(marker), end - jpeg.rfind(marker));
+    for (auto scans = occurrences(jpeg, marker); scans < count; ++scans)
+        jpeg.insert(end, last);
+    return jpeg;
+}
+
+QSize decodedSize(const std::string& bytes) {
+    return decodedPicture(bytesOf(bytes)).size();
+}
+
+TEST(PictureDecoder, PicturesOfTheWebAreMadeAsSmallAsNeeded) {
+    const QSize none(0, 0), full(96, 96);
+    const std::string png = encoded({200, 200}, "png"), jpeg = encoded({64, 64}, "jpeg");
+    const struct {
+        const char* what;
+        std::string bytes;
+        QSize size;
+    } cases[] = {
+        {"PNG", png, full},
+        {"JPEG", encoded({200, 200}, "jpeg"), full},
+        {"GIF", gif(200, 200), full},
+        {"a small one", encoded({7, 5}, "png"), {7, 5}},
+        {"a wide one", encoded({400, 200}, "png"), {192, 96}},
+        {"the largest", encoded({2048, 2048}, "png"), full},
+        {"too wide", encoded({2049, 1}, "png"), none},
+        {"too high", encoded({1, 2049}, "jpeg"), none},
+        {"a small frame on a large screen", gif(2049, 1), none},
+        {"a screen of nothing", gif(0, 0), none},
+        {"billions of pixels", std::string(png).replace(16, 8, "\x7f\xff\xff\xff\x7f\xff\xff\xff"),
+         none},
+        {"a part that is no text", withPart(png, "zTXt", "k\0\0damaged"s), full},
+        {"a part that has no end", withPart(png, "tEXt", "").replace(33, 4, "\xff\xff\xff\xff"),
+         none},
+        {"an unknown part that matters", withPart(png, "ABCD", "x"), full},
+        {"as many scans as there may be", withScans(jpeg, 100), {64, 64}},
+        {"too many scans", withScans(jpeg, 101), none},
+        {"only the start of a PNG", png.substr(0, 8), none},
+        {"only the start of a JPEG", jpeg.substr(0, 3), none},
+        {"only the start of a GIF", gif(1, 1).substr(0, 8), none},
+        {"a vector",
+         R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><image )"
+         R"(href="file:///etc/passwd" width="9" height="9"/></svg>)",
+         none},
+        {"a format of old", encoded({9, 9}, "bmp"), none},
+        {"a page", "<html>", none},
+        {"nothing", "", none},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(decodedSize(c.bytes), c.size) << c.what;
+}
+
+TEST(PictureDecoder, DamageGivesAPictureOrNoneButAlwaysAnEnd) {
+    const auto handler = qInstallMessageHandler([](auto, const auto&, const auto&) {});
+    for (const std::string& good : {encoded({16, 9}, "png"), encoded({16, 9}, "jpeg"), gif(3, 4)}) {
+        for (std::size_t at = 0; at < good.size(); ++at) {
+            for (const char byte : {'\0', '\x7f', '\xff'}) {
+                std::string damaged = good;
+                damaged[at] = byte;
+                const QSize size = decodedSize(damaged);
+                EXPECT_LE(std::min(size.width(), size.height()), 96);
+            }
+            (void)decodedSize(good.substr(0, at));
+        }
+    }
+    qInstallMessageHandler(handler);
+}
+
+/// A loader with a real client, and a queue that is the main thread.
+class PictureLoaderTest : public ::testing::Test {
+protected:
+    void load(const std::string& address) {
+        loader->load(address, [this](const QImage& picture) { pictures.push_back(picture); });
+    }
+    void waitForPictures(std::size_t count) {
+        queue.drainUntil([&] { return pictures.size() >= count; });
+    }
+
+    DrainedQueue queue; // below all that post to it
+    std::optional<CurlHttpClient> client{std::in_place};
+    std::optional<PictureLoader> loader{std::in_place, *client, queue};
+    std::vector<QImage> pictures;
+};
+
+TEST_F(PictureLoaderTest, GivesThePicturesOfSuccessfulAnswersAlone) {
+    const std::string png = encoded({8, 8}, "png"), larger(4 << 20, '\0');
+    const std::map<std::string, std::string> answers = {
+        {"/404", answerText(404, png)},
+        {"/too-large", answerText(200, png + larger)},
+        {"/cut-off", "HTTP/1.1 200 OK\r\nContent-Length: 9999\r\n\r\n" + png},
+        {"/broken", answerText(200, png.substr(0, 40))},
+        {"/moved", answerText(302, "", "Location: /good\r\n")},
+    };
+    LoopbackServer server([&](const auto& request, auto& connection) {
+        const auto answer = answers.find(request.target);
+        connection.send(answer == answers.end() ? answerText(200, png) : answer->second);
+        connection.close();
+    });
+    load("two words");
+    load("file:///etc/passwd");
+    for (const auto& answer : answers)
+        load(server.url(answer.first));
+    for (int i = 0; i < 20; ++i) // more than are fetched at once, and behind those that fail
+        load(server.url("/good"));
+    waitForPictures(21);
+    loader.reset();
+    queue.drain();
+    EXPECT_EQ(pictures.size(), 21u);
+    EXPECT_EQ(pictures.front().pixelColor(4, 4), QColor(Qt::darkGreen));
+}
+
+TEST_F(PictureLoaderTest, NothingIsGivenOnceItIsGone) {
+    const std::string answer = answerText(200, encoded({512, 512}, "png"));
+    LoopbackServer server([&](const auto& request, auto& connection) {
+        if (request.target == "/silent")
+            return connection.stall();
+        connection.send(answer);
+    });
+    for (const char* path : {"/silent", "/good", "/good", "/good"})
+        load(server.url(path));
+    waitForPictures(1); // the others may be anywhere on their way
+    loader.reset();
+    const std::size_t given = pictures.size();
+    client.reset();
+    queue.drain();
+    EXPECT_EQ(pictures.size(), given);
+}
+
+TEST_F(PictureLoaderTest, APictureMayBeTheEndOfTheLoader) {
+    LoopbackServer server([answer = answerText(200, encoded({8, 8}, "png"))](
+                              const auto&, auto& connection) { connection.send(answer); });
+    for (int i = 0; i < 10; ++i)
+        loader->load(server.url(), [this](const QImage& picture) {
+            loader.reset();
+            pictures.push_back(picture);
+        });
+    waitForPictures(1);
+    client.reset();
+    queue.drain();
+    EXPECT_EQ(pictures.size(), 1u);
+}
+
+} // namespace
+} // namespace veridane::ui
