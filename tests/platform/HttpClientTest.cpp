@@ -35,9 +35,10 @@ const std::string zippedText("\x1f\x8b\b\0\0\0\0\0\x02\x03\xab\xa8\x18\x05\xa3`\
 /// What came of a transfer: "200 body", or the error.
 class Result {
 public:
-    Result(HttpClient& client, const std::string& url) {
+    Result(HttpClient& client, const std::string& url) : Result(client, {*Url::parse(url)}) {}
+    Result(HttpClient& client, const HttpRequest& request) {
         client.get(
-            {*Url::parse(url)}, [this](std::string_view piece) { m_body += piece; },
+            request, [this](std::string_view piece) { m_body += piece; },
             [this](HttpOutcome outcome) { m_outcome.set_value(std::move(outcome)); });
     }
     std::string text() {
@@ -205,6 +206,31 @@ TEST(HttpClient, SilenceEndsATransferAndSoDoesAnEndlessDripButNoWaitForATurn) {
     Result silent(client, server.url("/")), waiting(client, server.url("/quick", "127.0.0.2"));
     EXPECT_EQ(waiting.text(), "200 quick");
     EXPECT_EQ(silent.text(), "Timeout was reached");
+}
+
+TEST(HttpClient, ARequestCanNarrowTheBoundsOfItsClientAndNotWidenThem) {
+    LoopbackServer server([](const Request&, Connection& connection) {
+        connection.send("HTTP/1.1 200 OK\r\n\r\n");
+        connection.sendEndlessly("x");
+    });
+    const std::string tooLarge = "Maximum file size exceeded ", late = "Operation timed out after";
+    constexpr std::uint64_t endless = INT64_MAX;
+    const struct {
+        std::chrono::milliseconds ofClient, ofRequest;
+        std::uint64_t bytesOfClient, bytesOfRequest;
+        std::string result;
+    } cases[] = {
+        {1h, 1h, 1000, 500, tooLarge + "(500)"},
+        {1h, 1h, 500, 1000, tooLarge + "(500)"},
+        {1h, 50ms, endless, endless, late},
+        {50ms, 1h, endless, endless, late},
+    };
+    for (const auto& c : cases) {
+        CurlHttpClient client({.duration = c.ofClient, .largestBody = c.bytesOfClient});
+        const std::string text =
+            Result(client, {*Url::parse(server.url()), c.ofRequest, c.bytesOfRequest}).text();
+        EXPECT_TRUE(text.starts_with(c.result)) << text;
+    }
 }
 
 TEST(HttpClient, AServerHasToProveItsName) {
