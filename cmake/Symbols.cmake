@@ -2,7 +2,8 @@ set(VERIDANE_PACKAGE_ICONS /usr/share/bootstrap-icons/svg CACHE PATH
     "Folder of the SVG files of bootstrap-icons")
 
 # veridane_add_symbols(<target>): embeds the picture of every symbol as `:/symbols/<name>.svg`, and
-# the program's icon. Whatever links the target, a static library as well, has them in it.
+# the pictures of program and maker as `:/brand/<name>.svg`. Whatever links the target, a static
+# library as well, has them in it.
 function(veridane_add_symbols target)
     set(folder "${PROJECT_SOURCE_DIR}/resources/symbols")
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${folder}/package.txt")
@@ -31,6 +32,7 @@ function(veridane_add_symbols target)
     endforeach()
 
     qt6_add_resources(${target} symbols PREFIX / FILES ${files})
+    file(GLOB pictures CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/resources/brand/*.svg")
     qt6_add_resources(${target} brand PREFIX / BASE "${PROJECT_SOURCE_DIR}/resources"
-        FILES "${PROJECT_SOURCE_DIR}/resources/brand/veridane-icon.svg")
+        FILES ${pictures})
 endfunction()

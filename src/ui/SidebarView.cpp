@@ -3,6 +3,7 @@
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
 #include "platform/Text.h"
+#include "ui/BrandPicture.h"
 #include "ui/Card.h"
 #include "ui/ChoiceGroup.h"
 #include "ui/DisclosureButton.h"
@@ -18,7 +19,6 @@
 #include <QAbstractButton>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -96,11 +96,6 @@ QSize SidebarView::sizeHint() const {
 }
 
 QWidget* SidebarView::makeHeaderCard() {
-    auto* icon = new QLabel;
-    icon->setPixmap(QIcon(QStringLiteral(":/brand/veridane-icon.svg"))
-                        .pixmap(QSize(metrics::applicationIcon, metrics::applicationIcon),
-                                devicePixelRatioF()));
-    icon->setFixedSize(metrics::applicationIcon, metrics::applicationIcon);
     auto* name = new Label(m_theme, TextStyle::headline);
     name->setText(QStringLiteral("Veridane"));
     m_maker = new Label(m_theme, TextStyle::caption2, Tone::secondary);
@@ -111,7 +106,7 @@ QWidget* SidebarView::makeHeaderCard() {
     auto* card = new Card(m_theme, CardStyle::tinted, metrics::headerCardRadius);
     auto* row = makeRow(card, metrics::space10);
     row->setContentsMargins(metrics::space12, metrics::space10, metrics::space12, metrics::space10);
-    row->addWidget(icon);
+    row->addWidget(BrandPicture::applicationIcon(m_theme, metrics::applicationIcon));
     row->addLayout(texts, 1);
     row->setAlignment(texts, Qt::AlignVCenter);
 

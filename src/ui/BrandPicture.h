@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QIcon>
+#include <QLabel>
+
+namespace veridane::ui {
+
+class Theme;
+
+/// A picture of the program's or the maker's own. The text beside it says who that is; assistive
+/// technology passes over it unless it is given a name.
+class BrandPicture : public QLabel {
+    Q_OBJECT
+
+public:
+    /// The program's icon, in a square of `size` logical pixels.
+    [[nodiscard]] static BrandPicture* applicationIcon(const Theme& theme, int size);
+    /// The maker's word mark, as high as that.
+    [[nodiscard]] static BrandPicture* makerLogo(const Theme& theme, int height);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    BrandPicture(const Theme& theme, const QString& light, const QString& dark, int height);
+
+    const Theme& m_theme;
+    QIcon m_light;
+    QIcon m_dark;
+};
+
+} // namespace veridane::ui
