@@ -43,6 +43,16 @@ QByteArray fileUri(const std::string& place) {
     return "file://" + QByteArray::fromStdString(place).toPercentEncoding("/");
 }
 
+/// Whether somebody here might open it. The pages of a Mac's settings are nowhere else, and what
+/// desktops do with a scheme that they do not know is a browser or an error that helps nobody.
+bool isForThisDesktop(const QString& scheme) {
+#ifdef __APPLE__
+    return !scheme.isEmpty();
+#else
+    return !scheme.isEmpty() && scheme != QLatin1String("x-apple.systempreferences");
+#endif
+}
+
 void openFolder(const std::string& place) {
     QDesktopServices::openUrl(QUrl::fromEncoded(fileUri(place), QUrl::StrictMode));
 }
@@ -58,7 +68,7 @@ void DesktopWorkspace::openAddress(const std::string& address) {
         return;
     const QUrl parsed = QUrl::fromEncoded(QByteArray::fromStdString(url->text()), QUrl::StrictMode);
     // Some addresses come from the network, and a file might be a program.
-    if (!parsed.isValid() || parsed.scheme().isEmpty() || parsed.isLocalFile())
+    if (!parsed.isValid() || !isForThisDesktop(parsed.scheme()) || parsed.isLocalFile())
         return;
     QDesktopServices::openUrl(parsed);
 }

@@ -55,7 +55,8 @@ TEST_F(WorkspaceTest, OnlyAddressesAreOpened) {
         workspace.openAddress(address);
     for (const char* other :
          {"", "example.com", "//example.com", "-x", "file:///bin/true", "FILE:/x",
-          "https://example.com/a b", "https://exa\nmple.com", "https://[::1"})
+          "https://example.com/a b", "https://exa\nmple.com", "https://[::1",
+          "x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"})
         workspace.openAddress(other);
     EXPECT_EQ(opener.opened, addresses);
 }
