@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QFrame>
+
+#include <chrono>
+#include <functional>
+
+class QPushButton;
+
+namespace veridane::ui {
+
+class Theme;
+
+/// A command for the terminal, and a button that copies it.
+class CommandBox : public QFrame {
+    Q_OBJECT
+
+public:
+    /// Runs a task once after that time, unless the context has gone before.
+    using Delay = std::function<void(std::chrono::milliseconds time, QObject* context,
+                                     std::function<void()> task)>;
+
+    CommandBox(const QString& command, const Theme& theme, Delay delay, QWidget* parent = nullptr);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void copy();
+    void setCopied(bool copied);
+    void retranslate();
+
+    const QString m_command;
+    const Theme& m_theme;
+    Delay m_delay;
+    bool m_copied = false;
+    QPushButton* m_copyButton;
+};
+
+} // namespace veridane::ui
