@@ -4,6 +4,7 @@
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
 #include "sample-items/SampleItems.h"
+#include "support/QuietServices.h"
 #include "support/VolumeBuilder.h"
 
 #include <cstddef>
@@ -11,12 +12,6 @@
 #include <string>
 
 namespace veridane::benchmarks {
-
-class SilentWorkspace : public Workspace {
-    void openAddress(const std::string&) override {}
-    void revealFile(const Path&) override {}
-    void openApplication(const std::string&) override {}
-};
 
 /// A window's coordinator after a scan that has found `count` items.
 class BenchCoordinator {
@@ -44,7 +39,7 @@ private:
     test::VolumeBuilder m_data;
     FileSystem m_files{m_data.root()};
     VolumeQueries m_queries{m_files};
-    SilentWorkspace m_workspace;
+    test::QuietWorkspace m_workspace;
     DrainedQueue m_queue;
     ScanCoordinator m_coordinator;
 };

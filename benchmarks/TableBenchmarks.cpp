@@ -1,8 +1,8 @@
 #include "BenchCoordinator.h"
+#include "support/QuietServices.h"
 #include "ui/ApplicationLook.h"
 #include "ui/ContentView.h"
 #include "ui/Preferences.h"
-#include "ui/SavePanel.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
@@ -14,15 +14,10 @@
 #include <benchmark/benchmark.h>
 
 #include <iterator>
-#include <optional>
 #include <string>
 
 namespace veridane::benchmarks {
 namespace {
-
-class NoSavePanel : public ui::SavePanel {
-    std::optional<std::string> chooseFile(const std::string&) override { return std::nullopt; }
-};
 
 /// The main window over `count` items.
 class Window : public QObject {
@@ -48,11 +43,15 @@ public:
 private:
     BenchCoordinator m_items;
     ui::Preferences m_preferences{ui::toQString(m_items.data().hostPath("/Veridane.conf"))};
-    NoSavePanel m_savePanel;
+    test::QuietSavePanel m_savePanel;
     ui::Theme m_theme;
     ui::ApplicationLook m_look{m_theme};
-    ui::ContentView m_window{
-        {m_items.coordinator(), m_items.workspace(), m_preferences, m_savePanel, m_theme}, {}};
+    ui::ContentView m_window{{.coordinator = m_items.coordinator(),
+                              .workspace = m_items.workspace(),
+                              .preferences = m_preferences,
+                              .savePanel = m_savePanel,
+                              .theme = m_theme},
+                             {}};
     QWidget* m_rows = m_window.findChild<QTreeView*>()->viewport();
     QLineEdit* m_field = m_window.findChild<QLineEdit*>();
     int m_paints = 0;

@@ -4,13 +4,17 @@
 #include "ui/Bar.h"
 #include "ui/DetailView.h"
 #include "ui/Divider.h"
+#include "ui/FullDiskAccessBanner.h"
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/Preferences.h"
 #include "ui/ResultsTableView.h"
+#include "ui/RosettaInstallGuide.h"
+#include "ui/Sheet.h"
 #include "ui/SidebarView.h"
 #include "ui/SummaryHeaderView.h"
 #include "ui/Theme.h"
+#include "ui/WelcomeView.h"
 
 #include <QCloseEvent>
 #include <QFocusEvent>
@@ -99,6 +103,7 @@ QWidget* ContentView::makeContentColumn() {
     auto* content = new QWidget;
     content->setMinimumWidth(metrics::contentMinimum);
     auto* column = makeColumn(content);
+    column->addWidget(new FullDiskAccessBanner(m_services.coordinator, m_services.theme));
     column->addWidget(new SummaryHeaderView(m_services.coordinator, m_services.theme));
     column->addWidget(new Divider(m_services.theme));
     m_results = new ResultsTableView(m_services.coordinator, m_services.workspace,
@@ -150,10 +155,26 @@ void ContentView::showEvent(QShowEvent* event) {
 }
 
 void ContentView::runStartTask() {
+    const bool isSeeded =
+        std::ranges::find(m_launchArguments, "UITEST_SEED_DATA") != m_launchArguments.end();
+    if (m_services.makeWelcome && !isSeeded)
+        showWelcome();
     ScanCoordinator& coordinator = m_services.coordinator;
     coordinator.applyUITestSeed(m_launchArguments);
     if (!coordinator.hasScannedOnce().get() && !coordinator.isScanning().get())
         coordinator.startScan();
+}
+
+void ContentView::showWelcome() {
+    WelcomeView* const welcome = m_services.makeWelcome().release();
+    auto* sheet = new Sheet(m_services.theme, welcome, *this);
+    connect(welcome, &WelcomeView::dismissed, sheet, &QWidget::close);
+}
+
+void ContentView::showRosettaGuide() {
+    auto* guide = new RosettaInstallGuide(m_services.workspace, m_services.theme);
+    auto* sheet = new Sheet(m_services.theme, guide, *this);
+    connect(guide, &RosettaInstallGuide::closeRequested, sheet, &QWidget::close);
 }
 
 } // namespace veridane::ui

@@ -2,6 +2,8 @@
 
 #include <QMainWindow>
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,7 @@ class Preferences;
 class ResultsTableView;
 class SavePanel;
 class Theme;
+class WelcomeView;
 
 /// What the main window shows. All of it must outlive the window.
 struct ContentServices {
@@ -26,10 +29,12 @@ struct ContentServices {
     Preferences& preferences;
     SavePanel& savePanel;
     const Theme& theme;
+    /// Makes what greets the user; empty where nobody is to be greeted.
+    std::function<std::unique_ptr<WelcomeView>()> makeWelcome{};
 };
 
 /// The main window: sidebar, content and details side by side below their bar. When it appears for
-/// the first time, it starts a scan unless there is a kept one to show.
+/// the first time, it greets the user and starts a scan unless there is a kept one to show.
 class ContentView : public QMainWindow {
     Q_OBJECT
 
@@ -50,6 +55,8 @@ protected:
 
 private:
     void runStartTask();
+    void showWelcome();
+    void showRosettaGuide();
     [[nodiscard]] QWidget* makeContentColumn();
     void restoreLayout();
     void saveLayout();

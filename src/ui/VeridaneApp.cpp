@@ -4,6 +4,8 @@
 #include "platform/CurlHttpClient.h"
 #include "platform/Version.h"
 #include "scan/SystemScanner.h"
+#include "ui/NetworkPaths.h"
+#include "ui/WelcomeView.h"
 #include "updates/StoreLookup.h"
 #include "updates/UpdateChecker.h"
 
@@ -35,9 +37,16 @@ VeridaneApp::VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments
     nameApplication();
     m_preferences.applyLanguage(m_preferences.appLanguage());
     follow();
-    m_window = std::make_unique<ContentView>(
-        ContentServices{m_coordinator, m_workspace, m_preferences, m_savePanel, m_theme},
-        arguments.seeds);
+    m_window = std::make_unique<ContentView>(ContentServices{.coordinator = m_coordinator,
+                                                             .workspace = m_workspace,
+                                                             .preferences = m_preferences,
+                                                             .savePanel = m_savePanel,
+                                                             .theme = m_theme,
+                                                             .makeWelcome =
+                                                                 [this] {
+                                                                     return makeWelcome();
+                                                                 }},
+                                             arguments.seeds);
     m_savePanel.setWindow(m_window.get());
     QObject::connect(m_window.get(), &ContentView::settingsRequested, m_window.get(),
                      [this] { showSettings(); });
@@ -62,7 +71,12 @@ CoordinatorServices VeridaneApp::services() {
     };
 }
 
-/// Made when it is needed: most starts end without any transfer.
+std::unique_ptr<WelcomeView> VeridaneApp::makeWelcome() {
+    return std::make_unique<WelcomeView>(
+        WelcomeServices{client(), m_queue, m_workspace, makePathWatcher()}, m_theme);
+}
+
+/// Made when it is needed: not before the window is there.
 HttpClient& VeridaneApp::client() {
     if (!m_client)
         m_client = std::make_unique<CurlHttpClient>(HttpSettings::ofEnvironment());

@@ -38,6 +38,7 @@ public:
 private:
     [[nodiscard]] CoordinatorServices services();
     [[nodiscard]] HttpClient& client();
+    [[nodiscard]] std::unique_ptr<WelcomeView> makeWelcome();
     void follow();
     void showSettings();
 
@@ -51,7 +52,7 @@ private:
     VolumeQueries m_queries;
     DesktopWorkspace m_workspace;
     FileDialogSavePanel m_savePanel;
-    std::unique_ptr<HttpClient> m_client; // from the first check on
+    std::unique_ptr<HttpClient> m_client; // from the first transfer on
     ScanCoordinator m_coordinator;
     std::unique_ptr<ContentView> m_window;
     std::unique_ptr<SettingsView> m_settings;

@@ -1,6 +1,6 @@
-#include "coordination/NetworkMonitor.h"
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
+#include "support/HandDrivenWatcher.h"
 #include "support/VolumeTest.h"
 
 namespace veridane::test {
@@ -42,18 +42,6 @@ TEST_F(SystemFacts, RosettaIsLookedForAndTheVersionReadOnTheVolume) {
     volume.plist(path, plist);
     EXPECT_EQ(version(), "Version 14.5 (Build 23F79)");
 }
-
-struct HandDrivenWatcher : PathWatcher {
-    explicit HandDrivenWatcher(std::string& recorded) : calls(recorded) {}
-    void start(std::function<void(PathStatus)> handler) override {
-        calls += "start ";
-        onPath = std::move(handler);
-    }
-    void cancel() override { calls += "cancel "; }
-
-    std::string& calls;
-    std::function<void(PathStatus)> onPath;
-};
 
 TEST(NetworkMonitor, FollowsTheWatcherOnTheMainThreadAlone) {
     DrainedQueue queue;

@@ -1,5 +1,7 @@
 #include "ui/ContentView.h"
 
+#include "support/QuietServices.h"
+#include "ui/WelcomeView.h"
 #include "ui/WindowFixture.h"
 
 #include <QAccessible>
@@ -20,15 +22,23 @@ class ContentViewTest : public WindowTest {
 protected:
     void open(std::vector<std::string> arguments = {"UITEST_SEED_DATA"}) {
         window.reset();
-        window = std::make_unique<ContentView>(
-            ContentServices{*coordinator, workspace, preferences, savePanel, theme},
-            std::move(arguments));
+        ContentServices services = contentServices();
+        if (greets)
+            services.makeWelcome = [this] {
+                return std::make_unique<WelcomeView>(
+                    WelcomeServices{network, queue, workspace,
+                                    std::make_unique<SteadyPath>(PathStatus::satisfied)},
+                    theme);
+            };
+        window = std::make_unique<ContentView>(services, std::move(arguments));
         window->show();
         turn();
     }
     bool isEnabled(const char* name) { return find(*window, name).isEnabled(); }
     bool isActionEnabled(const char* name) { return find<QAction>(*window, name).isEnabled(); }
 
+    bool greets = false;
+    UnreachableNetwork network;
     std::unique_ptr<ContentView> window;
 };
 
@@ -51,6 +61,45 @@ TEST_F(ContentViewTest, SeedDataIsShownWithoutAScan) {
     EXPECT_FALSE(coordinator->isScanning().get());
     EXPECT_EQ(shownNames().size(), 2);
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Veridane"));
+}
+
+TEST_F(ContentViewTest, EveryStartGreetsTheUserWhileTheWorkGoesOn) {
+    greets = true;
+    show({sampleItem("Alpha", CompatibilityStatus::native)});
+    for (int run = 0; run < 2; ++run) {
+        start(); // which finds the kept scan
+        open({});
+        const auto* welcome = window->findChild<WelcomeView*>();
+        ASSERT_TRUE(welcome);
+        EXPECT_EQ(welcome->size(), QSize(520, 700));
+        EXPECT_EQ(shownNames(), Texts{"Alpha"});
+        find<QAbstractButton>(*welcome, "dismissButton").click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(window->findChild<WelcomeView*>());
+    }
+    waitForStop();
+    open({});
+    QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_TRUE(coordinator->isScanning().get()) << "behind the sheet";
+    coordinator->scanTask().get()->request_stop();
+    open();
+    EXPECT_FALSE(window->findChild<WelcomeView*>()) << "nobody is greeted with seed data";
+}
+
+TEST_F(ContentViewTest, TheBannerStaysUntilAScanFindsAccess) {
+    open();
+    const auto isShown = [&] {
+        turn();
+        return find(*window, "FullDiskAccessBanner").isVisible();
+    };
+    EXPECT_TRUE(isShown());
+    find<QAbstractButton>(*window, "openSystemSettingsButton").click();
+    EXPECT_EQ(workspace.calls.size(), 1);
+    volume.folder("/Library/Application Support/com.apple.TCC");
+    volume.file("/Library/Application Support/com.apple.TCC/TCC.db", "");
+    EXPECT_TRUE(isShown());
+    show({});
+    EXPECT_FALSE(isShown());
 }
 
 TEST_F(ContentViewTest, ToolsFollowTheScanAndTheItems) {
@@ -140,12 +189,12 @@ TEST_F(ContentViewTest, TheTabKeyGoesAroundEverythingFromLeftToRight) {
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
         passed.push_back(window->focusWidget()->objectName().toStdString());
     } while (passed.back() != "resultsTable" && passed.size() < 30);
-    EXPECT_EQ(passed,
-              (Texts{"detailScrollArea", "statusallSidebarRow", "applicationSidebarRow",
-                     "vendorsDisclosureButton", "allVendorsSidebarRow", "scanButton",
-                     "checkUpdatesButton", "exportButton", "settingsButton", "searchLineEdit",
-                     "readinessButton", "totalTile", "breaksOnMacOS28Tile", "partiallyAffectedTile",
-                     "switchToNativeTile", "readyTile", "resultsTable"}));
+    EXPECT_EQ(passed, (Texts{"detailScrollArea", "statusallSidebarRow", "applicationSidebarRow",
+                             "vendorsDisclosureButton", "allVendorsSidebarRow", "scanButton",
+                             "checkUpdatesButton", "exportButton", "settingsButton",
+                             "searchLineEdit", "openSystemSettingsButton", "readinessButton",
+                             "totalTile", "breaksOnMacOS28Tile", "partiallyAffectedTile",
+                             "switchToNativeTile", "readyTile", "resultsTable"}));
 }
 
 /// What can be used and has no name, in the accessible tree below an object.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "coordination/CoordinatorFixture.h"
+#include "ui/ContentView.h"
 #include "ui/Preferences.h"
 #include "ui/SavePanel.h"
 #include "ui/Theme.h"
@@ -52,6 +53,14 @@ protected:
         if (!widget)
             throw std::runtime_error(std::string("no widget ") + name);
         return *widget;
+    }
+
+    ui::ContentServices contentServices() {
+        return {.coordinator = *coordinator,
+                .workspace = workspace,
+                .preferences = preferences,
+                .savePanel = savePanel,
+                .theme = theme};
     }
 
     RecordingSavePanel savePanel;

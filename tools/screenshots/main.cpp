@@ -5,19 +5,24 @@
 #include "platform/Language.h"
 #include "sample/SampleVolume.h"
 #include "scan/SystemScanner.h"
+#include "support/QuietServices.h"
 #include "support/VolumeBuilder.h"
 #include "ui/ApplicationLook.h"
 #include "ui/ContentView.h"
 #include "ui/InterfaceLanguage.h"
 #include "ui/Metrics.h"
 #include "ui/Preferences.h"
-#include "ui/SavePanel.h"
+#include "ui/RosettaInstallGuide.h"
 #include "ui/SettingsView.h"
+#include "ui/Sheet.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
+#include "ui/WelcomeView.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <cstdio>
 #include <functional>
@@ -32,22 +37,18 @@ namespace {
 using namespace veridane;
 using namespace veridane::ui;
 
-class NoWorkspace : public Workspace {
-    void openAddress(const std::string&) override {}
-    void revealFile(const Path&) override {}
-    void openApplication(const std::string&) override {}
-};
-
-class NoSavePanel : public SavePanel {
-    std::optional<std::string> chooseFile(const std::string&) override { return std::nullopt; }
-};
-
 /// The machine that the sample is the disk of.
 class SampleMachine : public SystemQueries {
+public:
+    explicit SampleMachine(bool hasAccess) : m_hasAccess(hasAccess) {}
+
+private:
     std::optional<std::int32_t> arm64Capability() const override { return 1; }
     bool exists(const Path&) const override { return true; }
-    bool isReadable(const Path&) const override { return true; }
+    bool isReadable(const Path&) const override { return m_hasAccess; }
     std::string osVersion() const override { return "Version 26.4 (Build 25E214)"; }
+
+    bool m_hasAccess;
 };
 
 /// One update check in each of its outcomes, in turn.
@@ -69,8 +70,8 @@ UpdateCheckResult outcome(std::size_t number) {
 /// The window over the sample Mac, in a state of the picture's choice.
 class Stage {
 public:
-    Stage(AppearanceMode mode, AppLanguage language)
-        : m_look(m_theme),
+    Stage(AppearanceMode mode, AppLanguage language, bool hasAccess)
+        : m_machine(hasAccess), m_look(m_theme),
           m_preferences(QDir::tempPath() + QStringLiteral("/no-such-folder/none")) {
         m_theme.setMode(mode);
         m_language.apply(language);
@@ -107,8 +108,28 @@ public:
     }
 
     void save(const QString& file, QSize size = {metrics::windowWidth, metrics::windowHeight}) {
-        ContentView window({m_coordinator, m_workspace, m_preferences, m_savePanel, m_theme}, {});
+        ContentView window(contentServices(), {});
         window.resize(size);
+        grab(window, file);
+    }
+    void saveWelcome(const QString& file, PathStatus path, bool isScrolled = false) {
+        ContentView window(contentServices(), {});
+        window.resize(metrics::windowWidth, metrics::windowHeight);
+        auto* welcome = makeWelcome(path);
+        const Sheet sheet(m_theme, welcome, window);
+        window.setAttribute(Qt::WA_DontShowOnScreen);
+        window.show();
+        m_queue.drain(); // the list has come
+        QCoreApplication::sendPostedEvents();
+        settle();
+        if (isScrolled)
+            scrollToEnd(*welcome);
+        grab(window, file);
+    }
+    void saveGuide(const QString& file) {
+        ContentView window(contentServices(), {});
+        window.resize(metrics::windowWidth, metrics::windowHeight);
+        const Sheet sheet(m_theme, new RosettaInstallGuide(m_workspace, m_theme), window);
         grab(window, file);
     }
     void saveSettings(const QString& file) {
@@ -117,10 +138,33 @@ public:
     }
 
 private:
+    ContentServices contentServices() {
+        return {.coordinator = m_coordinator,
+                .workspace = m_workspace,
+                .preferences = m_preferences,
+                .savePanel = m_savePanel,
+                .theme = m_theme};
+    }
+    WelcomeView* makeWelcome(PathStatus path) {
+        return new WelcomeView({.client = m_network,
+                                .queue = m_queue,
+                                .workspace = m_workspace,
+                                .watcher = std::make_unique<test::SteadyPath>(path)},
+                               m_theme);
+    }
+    static void scrollToEnd(QWidget& view) {
+        QScrollBar& bar = *view.findChild<QScrollArea*>()->verticalScrollBar();
+        bar.setValue(bar.maximum());
+    }
+    /// All layouts are done, also those that others ask for.
+    static void settle() {
+        for (int round = 0; round < 4; ++round)
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
     static void grab(QWidget& window, const QString& file) {
         window.setAttribute(Qt::WA_DontShowOnScreen);
         window.show(); // its start task stays in the queue
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        settle();
         if (!window.grab().save(file))
             std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
     }
@@ -148,8 +192,9 @@ private:
     test::VolumeBuilder m_volume;
     FileSystem m_files = m_volume.files();
     SampleMachine m_machine;
-    NoWorkspace m_workspace;
-    NoSavePanel m_savePanel;
+    test::QuietWorkspace m_workspace;
+    test::QuietSavePanel m_savePanel;
+    test::UnreachableNetwork m_network;
     Theme m_theme;
     ApplicationLook m_look;
     InterfaceLanguage m_language;
@@ -173,9 +218,12 @@ private:
         std::nullopt};
 };
 
+constexpr bool noAccess = false;
+
 struct State {
     const char* name;
     std::function<void(Stage&, const QString& file)> render;
+    bool hasAccess = true; // to the whole disk
 };
 
 void renderResult(Stage& stage, const QString& file, const std::function<void()>& choose) {
@@ -191,10 +239,7 @@ void chooseApplications(Stage& stage) {
 }
 
 const State states[] = {
-    {"first-start",
-     [](Stage& stage, const QString& file) {
-         stage.save(file);
-     }},
+    {"first-start", [](Stage& stage, const QString& file) { stage.save(file); }, noAccess},
     {"scanning",
      [](Stage& stage, const QString& file) {
          stage.scan();
@@ -238,6 +283,29 @@ const State states[] = {
          chooseApplications(stage);
          stage.save(file, {metrics::windowMinimumWidth, metrics::windowMinimumHeight});
      }},
+    {"welcome",
+     [](Stage& stage, const QString& file) {
+         stage.scanHalfway();
+         stage.saveWelcome(file, PathStatus::satisfied);
+     },
+     noAccess},
+    {"welcome-offline",
+     [](Stage& stage, const QString& file) {
+         stage.scanHalfway();
+         stage.saveWelcome(file, PathStatus::unsatisfied);
+     }},
+    {"welcome-end",
+     [](Stage& stage, const QString& file) {
+         stage.scanHalfway();
+         stage.saveWelcome(file, PathStatus::satisfied, true);
+     }},
+    {"guide",
+     [](Stage& stage, const QString& file) {
+         stage.scan();
+         stage.checkUpdates();
+         chooseApplications(stage);
+         stage.saveGuide(file);
+     }},
     {"settings",
      [](Stage& stage, const QString& file) {
          stage.saveSettings(file);
@@ -264,7 +332,7 @@ int main(int argc, char** argv) {
                                               toQString(rawString(mode)), scale);
                 if (!name.contains(wanted))
                     continue;
-                Stage stage(mode, language);
+                Stage stage(mode, language, state.hasAccess);
                 state.render(stage, QDir(arguments[1]).filePath(name + QStringLiteral(".png")));
             }
         }

@@ -1,0 +1,115 @@
+#include "ui/MakerCard.h"
+
+#include "coordination/MakerSite.h"
+#include "coordination/Workspace.h"
+#include "platform/HttpTarget.h"
+#include "platform/Language.h"
+#include "ui/BrandPicture.h"
+#include "ui/ButtonRole.h"
+#include "ui/CatalogueRow.h"
+#include "ui/Layouts.h"
+#include "ui/Metrics.h"
+#include "ui/Text.h"
+#include "ui/Theme.h"
+#include "ui/WrapLabel.h"
+
+#include <QEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cstddef>
+#include <utility>
+#include <variant>
+
+namespace veridane::ui {
+namespace {
+
+/// Whether a browser can be sent there. Anything else that the list names would start some other
+/// program, or none.
+bool isWebAddress(const std::string& address) {
+    const auto url = Url::parse(address);
+    return url && std::holds_alternative<HttpTarget>(HttpTarget::of(*url));
+}
+
+} // namespace
+
+MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme& theme,
+                     QWidget* parent)
+    : Card(theme, CardStyle::tinted, metrics::largeCardRadius, parent), m_pictures(pictures),
+      m_workspace(workspace), m_theme(theme),
+      m_service(new WrapLabel(theme, TextStyle::calloutMedium)),
+      m_invitation(new WrapLabel(theme, TextStyle::callout, Tone::secondary)),
+      m_catalogueTitle(new Label(theme, TextStyle::subheadline)),
+      m_rowColumn(makeColumn(nullptr, metrics::space6)), m_catalogue(makeCatalogue()),
+      m_moreApps(new QPushButton) {
+    auto* logo = BrandPicture::makerLogo(theme, metrics::logoHeight);
+    logo->setAccessibleName(QStringLiteral("Mirefold"));
+    for (WrapLabel* label : {m_service, m_invitation})
+        label->setAlignment(Qt::AlignCenter);
+    m_moreApps->setObjectName(QStringLiteral("moreAppsButton"));
+    setButtonSymbol(*m_moreApps, "square.grid.2x2.fill");
+    connect(m_moreApps, &QPushButton::clicked, this,
+            [this] { m_workspace.openAddress(MakerSite::root()); });
+
+    auto* column = makeColumn(this, metrics::space12);
+    column->setContentsMargins(metrics::space16, metrics::space16, metrics::space16,
+                               metrics::space16);
+    column->addWidget(logo, 0, Qt::AlignHCenter);
+    column->addWidget(m_service);
+    column->addWidget(m_invitation);
+    column->addWidget(m_catalogue);
+    column->addWidget(m_moreApps, 0, Qt::AlignHCenter);
+    retranslate();
+}
+
+QWidget* MakerCard::makeCatalogue() {
+    auto* catalogue = new QWidget;
+    catalogue->setObjectName(QStringLiteral("catalogue"));
+    catalogue->setLayout(m_rowColumn);
+    m_rowColumn->setContentsMargins(0, metrics::space4, 0, 0);
+    m_rowColumn->addWidget(m_catalogueTitle);
+    catalogue->hide();
+    return catalogue;
+}
+
+void MakerCard::setApps(std::vector<MirefoldApp> apps) {
+    m_apps = std::move(apps);
+    while (m_rows.size() > m_apps.size()) {
+        delete m_rows.back();
+        m_rows.pop_back();
+    }
+    while (m_rows.size() < m_apps.size()) {
+        auto* row = new CatalogueRow(m_pictures, m_theme);
+        connect(row, &QAbstractButton::clicked, this,
+                [this, index = m_rows.size()] { open(m_apps[index]); });
+        m_rows.push_back(row);
+        m_rowColumn->addWidget(row);
+    }
+    for (std::size_t index = 0; index < m_apps.size(); ++index)
+        m_rows[index]->setApp(m_apps[index]);
+}
+
+void MakerCard::setCatalogueVisible(bool isVisible) {
+    m_catalogue->setVisible(isVisible);
+}
+
+void MakerCard::open(const MirefoldApp& app) {
+    m_workspace.openAddress(isWebAddress(app.url) ? app.url : MakerSite::root());
+}
+
+void MakerCard::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    Card::changeEvent(event);
+}
+
+void MakerCard::retranslate() {
+    m_service->setText(
+        toQString(localized("Veridane ist ein kostenloser Service von Mirefold Software.")));
+    m_invitation->setText(
+        toQString(localized("Wir freuen uns, wenn du dir unsere weiteren Apps anschaust.")));
+    m_catalogueTitle->setText(toQString(localized("Unsere Apps")));
+    m_moreApps->setText(withoutMnemonics(localized("Weitere Apps entdecken")));
+}
+
+} // namespace veridane::ui

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "coordination/AppCatalogue.h"
+#include "ui/Card.h"
+
+#include <vector>
+
+class QPushButton;
+class QVBoxLayout;
+
+namespace veridane {
+class Workspace;
+}
+
+namespace veridane::ui {
+
+class CatalogueRow;
+class Label;
+class PictureLoader;
+class WrapLabel;
+
+/// Whose program this is, and what else there is of theirs.
+class MakerCard : public Card {
+    Q_OBJECT
+
+public:
+    /// All of them must outlive the card.
+    MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme& theme,
+              QWidget* parent = nullptr);
+
+    void setApps(std::vector<MirefoldApp> apps);
+    void setCatalogueVisible(bool isVisible);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* makeCatalogue();
+    void open(const MirefoldApp& app);
+    void retranslate();
+
+    PictureLoader& m_pictures;
+    Workspace& m_workspace;
+    const Theme& m_theme;
+    std::vector<MirefoldApp> m_apps;
+
+    WrapLabel* m_service;
+    WrapLabel* m_invitation;
+    Label* m_catalogueTitle;
+    QVBoxLayout* m_rowColumn;
+    std::vector<CatalogueRow*> m_rows;
+    QWidget* m_catalogue;
+    QPushButton* m_moreApps;
+};
+
+} // namespace veridane::ui

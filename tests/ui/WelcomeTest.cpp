@@ -1,0 +1,178 @@
+#include "coordination/MakerSite.h"
+#include "platform/CurlHttpClient.h"
+#include "support/HandDrivenWatcher.h"
+#include "support/LoopbackServer.h"
+#include "ui/CatalogueRow.h"
+#include "ui/InterfaceLanguage.h"
+#include "ui/WelcomeView.h"
+#include "ui/WindowFixture.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPushButton>
+
+#include <cstdlib>
+
+namespace veridane::test {
+namespace {
+
+using namespace veridane::ui;
+
+const char* const twoApps = R"([
+    {"name": "Erste", "tagline": "Eins", "url": "https://example.com/1", "new": [1, {}]},
+    {"name": "Zweite", "tagline": "Zwei", "url": "not an address", "icon": "ftp://example.com/i"}
+])";
+
+std::string picture(const QColor& colour, QSize size = {64, 64}) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(colour);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes.toStdString();
+}
+
+/// The sheet's view before a site of the test's.
+class WelcomeTest : public WindowTest {
+protected:
+    WelcomeTest() { ::setenv("VERIDANE_SITE", site.url("").c_str(), 1); }
+    ~WelcomeTest() override {
+        view.reset();
+        ::unsetenv("VERIDANE_SITE");
+    }
+
+    /// Opens the view and waits for the list.
+    void open(PathStatus path = PathStatus::satisfied) {
+        appear();
+        watcher->onPath(path);
+        queue.drainUntil([this] { return !view->apps().get().empty(); });
+        queue.drain(); // what the path has posted
+        turn();
+    }
+    void appear() {
+        auto owned = std::make_unique<HandDrivenWatcher>(pathCalls);
+        watcher = owned.get();
+        view = std::make_unique<WelcomeView>(
+            WelcomeServices{client, queue, workspace, std::move(owned)}, theme);
+        view->show();
+    }
+    void setPath(PathStatus path) {
+        watcher->onPath(path);
+        queue.drain();
+        turn();
+    }
+    std::vector<CatalogueRow*> rows() const {
+        std::vector<CatalogueRow*> shown;
+        for (CatalogueRow* row : view->findChildren<CatalogueRow*>())
+            if (row->isVisibleTo(view.get()))
+                shown.push_back(row);
+        return shown;
+    }
+    Texts names() const {
+        Texts texts;
+        for (const CatalogueRow* row : rows())
+            texts.push_back(row->title().toStdString());
+        return texts;
+    }
+
+    int status = 200;
+    std::string document = twoApps;
+    std::map<std::string, std::string> pictures; // by their path
+    LoopbackServer site{[this](const LoopbackServer::Request& request, auto& connection) {
+        if (request.target == "/apps.json")
+            return connection.answer(status, document);
+        const auto found = pictures.find(request.target);
+        connection.answer(found == pictures.end() ? 404 : 200,
+                          found == pictures.end() ? "" : found->second);
+    }};
+    CurlHttpClient client;
+    HandDrivenWatcher* watcher = nullptr;
+    std::string pathCalls;
+    std::unique_ptr<WelcomeView> view;
+};
+
+TEST_F(WelcomeTest, TheSitesListIsShownAsItCame) {
+    open();
+    EXPECT_EQ(names(), (Texts{"Erste", "Zweite"}));
+    EXPECT_EQ(rows()[1]->accessibleDescription(), QStringLiteral("Zwei"));
+    for (CatalogueRow* row : rows())
+        row->click();
+    find<QPushButton>(*view, "moreAppsButton").click();
+    EXPECT_EQ(workspace.calls,
+              (Texts{"https://example.com/1", MakerSite::root(), MakerSite::root()}));
+}
+
+TEST_F(WelcomeTest, AnyTroubleWithItShowsTheListOfTheProgram) {
+    const struct {
+        int status;
+        std::string document;
+    } cases[] = {
+        {404, twoApps},
+        {200, "[]"},
+        {200, "<html>"},
+        {200, R"([{"name": "A", "tagline": "B", "url": "C"}, {"name": "A", "url": "C"}])"},
+    };
+    for (const auto& [answer, text] : cases) {
+        status = answer;
+        document = text;
+        open();
+        ASSERT_EQ(names().size(), 8) << answer << " " << text;
+        EXPECT_EQ(names().front(), "Wollgras");
+    }
+    InterfaceLanguage language;
+    language.apply(AppLanguage::english);
+    turn();
+    EXPECT_EQ(rows().front()->accessibleDescription(), QStringLiteral("Tasks that stay light."));
+    language.apply(AppLanguage::german);
+}
+
+TEST_F(WelcomeTest, ItIsThereOnlyWhileTheMachineIsOnline) {
+    open(PathStatus::unsatisfied);
+    EXPECT_EQ(names(), Texts());
+    EXPECT_TRUE(find(*view, "moreAppsButton").isVisibleTo(view.get()));
+    setPath(PathStatus::satisfied);
+    EXPECT_EQ(names().size(), 2);
+    setPath(PathStatus::requiresConnection);
+    EXPECT_EQ(names(), Texts());
+    setPath(PathStatus::satisfied);
+    EXPECT_EQ(names().size(), 2);
+    EXPECT_EQ(site.heads().size(), 1) << "nothing is fetched again";
+    view.reset();
+    EXPECT_EQ(pathCalls, "start cancel cancel ");
+}
+
+TEST_F(WelcomeTest, AnAnswerThatComesAfterTheEndIsDropped) {
+    appear();
+    site.waitForRequests(1);
+    view.reset();
+    document = "[]";
+    open(); // whose answer comes behind the first one
+    EXPECT_EQ(names().size(), 8);
+}
+
+TEST_F(WelcomeTest, AnIconIsShownIfItIsAPicture) {
+    pictures = {{"/good.png", picture(Qt::red)},
+                {"/large.png", picture(Qt::red, {3000, 3000})},
+                {"/broken.png", picture(Qt::red).substr(0, 60)},
+                {"/drawing.png", R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9">
+                    <image href="http://example.com/x.png"/><rect width="9" height="9"/></svg>)"}};
+    document = "[";
+    for (const char* icon : {"good", "large", "broken", "drawing", "missing"})
+        document += R"({"name": "A", "tagline": "B", "url": "C", "icon": ")" +
+                    site.url("/" + std::string(icon) + ".png") + "\"},";
+    document.back() = ']';
+    open();
+    const auto iconColour = [&](std::size_t row) {
+        return rows()[row]->grab().toImage().pixelColor(14, 14);
+    };
+    const QColor placeholder = iconColour(4);
+    queue.drainUntil([&] { return iconColour(0) != placeholder; });
+    EXPECT_EQ(iconColour(0), QColor(Qt::red));
+    site.waitForRequests(6);
+    for (std::size_t row = 1; row < 5; ++row)
+        EXPECT_EQ(iconColour(row), placeholder) << row;
+}
+
+} // namespace
+} // namespace veridane::test
