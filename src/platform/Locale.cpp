@@ -129,6 +129,12 @@ std::string formatAbbreviatedDateTime(Date date, const std::string& locale,
     return U_SUCCESS(status) && format ? formatted(*format, date, timeZone) : formatISO8601(date);
 }
 
+std::string formatDate(Date date, const std::string& locale, const std::string& timeZone) {
+    const std::unique_ptr<icu::DateFormat> format(
+        icu::DateFormat::createDateInstance(icu::DateFormat::MEDIUM, icu::Locale(locale.c_str())));
+    return format ? formatted(*format, date, timeZone) : formatISO8601(date);
+}
+
 std::string formatByteCount(std::int64_t bytes, const std::string& locale) {
     const struct {
         icu::MeasureUnit unit;

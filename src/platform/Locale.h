@@ -47,6 +47,10 @@ private:
                                                     const std::string& locale = userLocale(),
                                                     const std::string& timeZone = {});
 
+/// A medium date alone, such as "01.03.2027" or "Mar 1, 2027".
+[[nodiscard]] std::string formatDate(Date date, const std::string& locale = userLocale(),
+                                     const std::string& timeZone = {});
+
 /// A size for people, in steps of 1000 and with the digits that a Mac shows: "512 Byte", "12 kB",
 /// "1,2 MB", "3,45 GB".
 [[nodiscard]] std::string formatByteCount(std::int64_t bytes,

@@ -84,6 +84,9 @@ TEST(Locale, DatesAndSizesReadAsInTheCountry) {
     for (const auto& [instant, locale, zone, text] : abbreviated)
         EXPECT_EQ(formatAbbreviatedDateTime(*parseISO8601(instant), locale, zone), text);
 
+    EXPECT_EQ(formatDate(date, "de", "Pacific/Kiritimati"), "01.03.2027");
+    EXPECT_EQ(formatDate(date, "en", "Pacific/Pago_Pago"), "Feb 28, 2027") << "the day before";
+
     const std::tuple<std::int64_t, const char*, const char*> sizes[] = {
         {512, "512 Byte", "512 bytes"},
         {999'500, "1 MB", "1 MB"},
