@@ -28,10 +28,9 @@ protected:
     [[nodiscard]] TextStyle textStyle() const { return m_style; }
     [[nodiscard]] QColor colour() const;
     [[nodiscard]] QSize withMargins(const QSize& contents) const;
+    [[nodiscard]] virtual bool isCut() const;
 
 private:
-    [[nodiscard]] bool isCut() const;
-
     const Theme& m_theme;
     TextStyle m_style;
     Tone m_tone;

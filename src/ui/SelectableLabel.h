@@ -2,16 +2,41 @@
 
 #include "ui/WrapLabel.h"
 
+#include <optional>
+
 namespace veridane::ui {
 
 /// A text from scanned objects that can be selected and copied, with the mouse and the keyboard. It
-/// wraps wherever it must, but behind a slash where it can, and never asks for more width.
+/// wraps wherever it must, but behind a slash where it can, and takes whatever width it gets.
 class SelectableLabel : public WrapLabel {
     Q_OBJECT
 
 public:
     SelectableLabel(const Theme& theme, TextStyle style, Tone tone = Tone::primary,
                     QWidget* parent = nullptr);
+
+    /// Another text is not selected; the same one stays as it is.
+    void setText(const QString& text);
+
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] TextSpan selected() const;
+    [[nodiscard]] int gapAt(const QMouseEvent& event) const;
+    void select(int from, int to);
+    void selectAll();
+    void copy() const;
+
+    std::optional<int> m_dragStart; // while the mouse selects
 };
 
 } // namespace veridane::ui

@@ -1,62 +1,76 @@
 #include "ui/WrapLabel.h"
 
-#include "ui/LineBreaks.h"
-
 #include <QPainter>
-#include <QTextLayout>
 
 #include <algorithm>
-#include <cmath>
 
 namespace veridane::ui {
+
+struct WrapLabel::Lines {
+    struct Of {
+        QString text;
+        WrappedTextForm form;
+        int width;
+
+        bool operator==(const Of&) const = default;
+    };
+    explicit Lines(const Of& what) : of(what), wrapped(what.text, what.form, what.width) {}
+
+    Of of;
+    WrappedText wrapped;
+};
 
 WrapLabel::WrapLabel(const Theme& theme, TextStyle style, Tone tone, QWidget* parent)
     : Label(theme, style, tone, parent) {
     setWordWrap(true);
 }
 
-QSize WrapLabel::layOut(int width, QPainter* painter) const {
-    const int lineHeight = theme().lineHeight(textStyle());
-    QTextLayout layout(boundForLayout(text()), font());
-    layout.beginLayout();
-    int lines = 0;
-    double widest = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        const double room = width - line.naturalTextWidth();
-        const double x = alignment().testFlag(Qt::AlignHCenter) ? room / 2 : 0;
-        line.setPosition({x, lines * lineHeight + (lineHeight - line.height()) / 2});
-        widest = std::max(widest, line.naturalTextWidth());
-        ++lines;
-    }
-    layout.endLayout();
-    const int height = lines * lineHeight;
-    if (painter) {
-        QPoint start = contentsRect().topLeft();
-        if (alignment().testFlag(Qt::AlignVCenter))
-            start.ry() += (contentsRect().height() - height) / 2;
-        layout.draw(painter, start);
-    }
-    return {static_cast<int>(std::ceil(widest)), height};
+WrapLabel::~WrapLabel() = default;
+
+const WrappedText& WrapLabel::lines(int width) const {
+    const Lines::Of wanted = {.text = text(),
+                              .form = {.font = font(),
+                                       .lineHeight = theme().lineHeight(textStyle()),
+                                       .isCentred = alignment().testFlag(Qt::AlignHCenter),
+                                       .breaksBehindSlashes = m_breaksBehindSlashes},
+                              .width = width};
+    if (!m_lines || m_lines->of != wanted)
+        m_lines = std::make_unique<Lines>(wanted);
+    return m_lines->wrapped;
+}
+
+const WrappedText& WrapLabel::shownLines() const {
+    return lines(contentsRect().width());
+}
+
+QPoint WrapLabel::origin() const {
+    QPoint origin = contentsRect().topLeft();
+    if (alignment().testFlag(Qt::AlignVCenter))
+        origin.ry() += (contentsRect().height() - shownLines().size().height()) / 2;
+    return origin;
 }
 
 int WrapLabel::heightForWidth(int width) const {
-    return layOut(std::min(width, maximumWidth()), nullptr).height();
+    return lines(std::min(width, maximumWidth())).size().height();
 }
 
 QSize WrapLabel::sizeHint() const {
-    return layOut(std::min(maximumWidth(), QWIDGETSIZE_MAX), nullptr);
+    return lines(std::min(maximumWidth(), QWIDGETSIZE_MAX)).size();
 }
 
 QSize WrapLabel::minimumSizeHint() const {
     return {0, theme().lineHeight(textStyle())};
 }
 
-void WrapLabel::paintEvent(QPaintEvent* event) {
-    Q_UNUSED(event);
+void WrapLabel::paintLines(const TextSpan& selected) {
     QPainter painter(this);
     painter.setPen(colour());
-    static_cast<void>(layOut(contentsRect().width(), &painter));
+    shownLines().draw(painter, origin(), selected, palette());
+}
+
+void WrapLabel::paintEvent(QPaintEvent* event) {
+    Q_UNUSED(event);
+    paintLines({});
 }
 
 } // namespace veridane::ui

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "ui/Label.h"
+#include "ui/WrappedText.h"
+
+#include <memory>
 
 namespace veridane::ui {
 
@@ -12,6 +15,7 @@ class WrapLabel : public Label {
 public:
     WrapLabel(const Theme& theme, TextStyle style, Tone tone = Tone::primary,
               QWidget* parent = nullptr);
+    ~WrapLabel() override;
 
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
@@ -19,10 +23,20 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] bool isCut() const override { return false; }
+
+    void setBreaksBehindSlashes() { m_breaksBehindSlashes = true; }
+    void paintLines(const TextSpan& selected);
+    /// The lines that are shown, and where they begin in the widget.
+    [[nodiscard]] const WrappedText& shownLines() const;
+    [[nodiscard]] QPoint origin() const;
 
 private:
-    /// Lays the text out, paints it if there is a painter, and gives its size.
-    [[nodiscard]] QSize layOut(int width, QPainter* painter) const;
+    struct Lines;
+    [[nodiscard]] const WrappedText& lines(int width) const;
+
+    bool m_breaksBehindSlashes = false;
+    mutable std::unique_ptr<Lines> m_lines; // the last ones: a layout asks often for the same
 };
 
 } // namespace veridane::ui
