@@ -69,7 +69,7 @@ ContentView::ContentView(const ContentServices& services, std::vector<std::strin
     sidebar->setMaximumWidth(services.theme.scaled(metrics::sidebarMaximum));
     auto* bar = new Bar(services.coordinator, services.savePanel, services.theme);
     connect(bar, &Bar::settingsRequested, this, &ContentView::settingsRequested);
-    auto* detail = new DetailView(services.coordinator, services.theme);
+    auto* detail = new DetailView(services.coordinator, services.workspace, services.theme);
     detail->setMinimumWidth(services.theme.scaled(metrics::detailMinimum));
     detail->setMaximumWidth(services.theme.scaled(metrics::detailMaximum));
 

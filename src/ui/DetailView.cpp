@@ -3,33 +3,43 @@
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
 #include "platform/Text.h"
+#include "ui/ActionButtons.h"
+#include "ui/ComponentBox.h"
+#include "ui/DetailHeader.h"
 #include "ui/EmptyStateView.h"
+#include "ui/FactRows.h"
 #include "ui/FocusRing.h"
-#include "ui/Label.h"
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
-#include "ui/SymbolLabel.h"
-#include "ui/SymbolLook.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
-#include "ui/TintedBox.h"
-#include "ui/WrapLabel.h"
+#include "ui/UpdateBlock.h"
+#include "ui/VerdictBox.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <initializer_list>
+#include <utility>
 
 namespace veridane::ui {
 
-DetailView::DetailView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
+DetailView::DetailView(ScanCoordinator& coordinator, Workspace& workspace, const Theme& theme,
+                       QWidget* parent)
     : QWidget(parent), m_coordinator(coordinator), m_theme(theme), m_refresh([this] { refresh(); }),
-      m_emptyState(new EmptyStateView(theme, "sidebar.right")) {
+      m_emptyState(new EmptyStateView(theme, "sidebar.right")), m_header(new DetailHeader(theme)),
+      m_verdict(new VerdictBox(theme)), m_facts(new FactRows(theme)),
+      m_components(new ComponentBox(theme)), m_updates(new UpdateBlock(coordinator, theme)),
+      m_actions(new ActionButtons(coordinator, workspace)) {
     setObjectName(QStringLiteral("DetailView"));
     m_scrollArea = makeScrollArea(makeBlocks());
     m_scrollArea->setObjectName(QStringLiteral("detailScrollArea"));
-    setRing(*m_scrollArea, {.gap = -metrics::focusRingWidth}); // inside
+    setRing(*m_scrollArea, {.gap = insideGap});
+    connect(m_actions, &ActionButtons::rosettaGuideRequested, this,
+            &DetailView::rosettaGuideRequested);
 
     auto* column = makeColumn(this);
     column->addWidget(m_emptyState);
@@ -47,51 +57,11 @@ QWidget* DetailView::makeBlocks() {
     auto* column = makeColumn(blocks, metrics::space16);
     column->setContentsMargins(metrics::space16, metrics::space16, metrics::space16,
                                metrics::space16);
-    column->addWidget(makeHeader());
-    column->addWidget(makeVerdictBox());
+    for (QWidget* block : std::initializer_list<QWidget*>{m_header, m_verdict, m_facts,
+                                                          m_components, m_updates, m_actions})
+        column->addWidget(block);
     column->addStretch();
     return blocks;
-}
-
-QWidget* DetailView::makeHeader() {
-    m_kindSymbol =
-        new SymbolLabel(m_theme, {}, metrics::detailSymbol, metrics::detailSymbolBox, Tone::accent);
-    m_name = new WrapLabel(m_theme, TextStyle::title2);
-    m_name->setFont(m_theme.verbatimFont(TextStyle::title2));
-    m_name->setObjectName(QStringLiteral("detailNameLabel"));
-    m_kind = new Label(m_theme, TextStyle::callout, Tone::secondary);
-    m_kind->setObjectName(QStringLiteral("detailKindLabel"));
-    auto* texts = makeColumn(nullptr, metrics::space2);
-    texts->addWidget(m_name);
-    texts->addWidget(m_kind);
-
-    auto* header = new QWidget;
-    auto* row = makeRow(header, metrics::space12);
-    row->addWidget(m_kindSymbol);
-    row->addLayout(texts, 1);
-    return header;
-}
-
-QWidget* DetailView::makeVerdictBox() {
-    m_urgencySymbol =
-        new SymbolLabel(m_theme, {}, metrics::verdictSymbol, metrics::verdictSymbol, Tone::gray);
-    m_verdict = new WrapLabel(m_theme, TextStyle::headline);
-    m_verdict->setObjectName(QStringLiteral("verdictLabel"));
-    m_advice = new WrapLabel(m_theme, TextStyle::callout, Tone::secondary);
-    m_advice->setObjectName(QStringLiteral("adviceLabel"));
-    auto* row = makeRow(nullptr, metrics::space8);
-    row->addWidget(m_urgencySymbol);
-    row->addWidget(m_verdict, 1);
-
-    m_verdictBox = new TintedBox(m_theme, {.fill = opacity::verdictFill,
-                                           .border = opacity::verdictBorder,
-                                           .radius = metrics::verdictBoxRadius});
-    auto* column = makeColumn(m_verdictBox, metrics::space8);
-    column->setContentsMargins(metrics::space12, metrics::space12, metrics::space12,
-                               metrics::space12);
-    column->addLayout(row);
-    column->addWidget(m_advice);
-    return m_verdictBox;
 }
 
 void DetailView::changeEvent(QEvent* event) {
@@ -117,16 +87,15 @@ void DetailView::refresh() {
 
 void DetailView::showItem(const ScanItem& item) {
     const Recommendation recommendation = m_coordinator.recommendation(item);
-    const SymbolLook look = lookOf(recommendation.urgency);
-    m_kindSymbol->setSymbol(symbolName(item.kind), Tone::accent);
-    m_name->setText(toQString(text::printable(item.name)));
-    m_scrollArea->setAccessibleName(m_name->text());
-    m_kind->setText(toQString(displayName(item.kind)));
-    m_verdictBox->setTone(look.tone);
-    m_urgencySymbol->setSymbol(look.symbol, look.tone);
-    m_verdict->setTone(look.tone);
-    m_verdict->setText(toQString(recommendation.verdict));
-    m_advice->setText(toQString(recommendation.advice));
+    m_scrollArea->setAccessibleName(toQString(text::printable(item.name)));
+    m_header->showItem(item);
+    m_verdict->showRecommendation(recommendation);
+    m_facts->showItem(item);
+    m_components->showComponents(item.intelComponents);
+    m_updates->showItem(item);
+    m_actions->showFor(recommendation.urgency);
+    if (std::exchange(m_shown, item.id) != item.id)
+        m_scrollArea->verticalScrollBar()->setValue(0);
 }
 
 } // namespace veridane::ui

@@ -1,33 +1,43 @@
 #pragma once
 
+#include "model/ScanItem.h"
 #include "ui/Refresh.h"
 
 #include <QWidget>
+
+#include <optional>
 
 class QScrollArea;
 
 namespace veridane {
 class ScanCoordinator;
-struct ScanItem;
+class Workspace;
 } // namespace veridane
 
 namespace veridane::ui {
 
+class ActionButtons;
+class ComponentBox;
+class DetailHeader;
 class EmptyStateView;
-class Label;
-class SymbolLabel;
+class FactRows;
 class Theme;
-class TintedBox;
-class WrapLabel;
+class UpdateBlock;
+class VerdictBox;
 
-/// The right column: what the program thinks of the selected object, and why.
+/// The right column: all that is known of the selected object, what the program thinks of it and
+/// why, and what can be done about it.
 class DetailView : public QWidget {
     Q_OBJECT
 
 public:
-    /// Both must outlive the view.
-    DetailView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent = nullptr);
+    /// All of them must outlive the view.
+    DetailView(ScanCoordinator& coordinator, Workspace& workspace, const Theme& theme,
+               QWidget* parent = nullptr);
     ~DetailView() override;
+
+Q_SIGNALS:
+    void rosettaGuideRequested();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -35,24 +45,22 @@ protected:
 
 private:
     [[nodiscard]] QWidget* makeBlocks();
-    [[nodiscard]] QWidget* makeHeader();
-    [[nodiscard]] QWidget* makeVerdictBox();
     void refresh();
     void showItem(const ScanItem& item);
 
     ScanCoordinator& m_coordinator;
     const Theme& m_theme;
     Refresh m_refresh;
+    std::optional<Uuid> m_shown;
 
     EmptyStateView* m_emptyState;
     QScrollArea* m_scrollArea = nullptr;
-    SymbolLabel* m_kindSymbol = nullptr;
-    WrapLabel* m_name = nullptr;
-    Label* m_kind = nullptr;
-    TintedBox* m_verdictBox = nullptr;
-    SymbolLabel* m_urgencySymbol = nullptr;
-    WrapLabel* m_verdict = nullptr;
-    WrapLabel* m_advice = nullptr;
+    DetailHeader* m_header;
+    VerdictBox* m_verdict;
+    FactRows* m_facts;
+    ComponentBox* m_components;
+    UpdateBlock* m_updates;
+    ActionButtons* m_actions;
 };
 
 } // namespace veridane::ui

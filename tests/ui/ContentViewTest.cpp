@@ -189,12 +189,28 @@ TEST_F(ContentViewTest, TheTabKeyGoesAroundEverythingFromLeftToRight) {
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
         passed.push_back(window->focusWidget()->objectName().toStdString());
     } while (passed.back() != "resultsTable" && passed.size() < 30);
-    EXPECT_EQ(passed, (Texts{"detailScrollArea", "statusallSidebarRow", "applicationSidebarRow",
-                             "vendorsDisclosureButton", "allVendorsSidebarRow", "scanButton",
-                             "checkUpdatesButton", "exportButton", "settingsButton",
-                             "searchLineEdit", "openSystemSettingsButton", "readinessButton",
-                             "totalTile", "breaksOnMacOS28Tile", "partiallyAffectedTile",
-                             "switchToNativeTile", "readyTile", "resultsTable"}));
+    EXPECT_EQ(passed, (Texts{"detailScrollArea",
+                             "searchNativeButton",
+                             "searchAppStoreButton",
+                             "revealButton",
+                             "installRosettaButton",
+                             "statusallSidebarRow",
+                             "applicationSidebarRow",
+                             "vendorsDisclosureButton",
+                             "allVendorsSidebarRow",
+                             "scanButton",
+                             "checkUpdatesButton",
+                             "exportButton",
+                             "settingsButton",
+                             "searchLineEdit",
+                             "openSystemSettingsButton",
+                             "readinessButton",
+                             "totalTile",
+                             "breaksOnMacOS28Tile",
+                             "partiallyAffectedTile",
+                             "switchToNativeTile",
+                             "readyTile",
+                             "resultsTable"}));
 }
 
 /// What can be used and has no name, in the accessible tree below an object.
