@@ -72,6 +72,7 @@ ContentView::ContentView(const ContentServices& services, std::vector<std::strin
     auto* detail = new DetailView(services.coordinator, services.workspace, services.theme);
     detail->setMinimumWidth(services.theme.scaled(metrics::detailMinimum));
     detail->setMaximumWidth(services.theme.scaled(metrics::detailMaximum));
+    connect(detail, &DetailView::rosettaGuideRequested, this, &ContentView::showRosettaGuide);
 
     m_innerColumns->addWidget(makeContentColumn());
     m_innerColumns->addWidget(detail);

@@ -102,6 +102,17 @@ TEST_F(ContentViewTest, TheBannerStaysUntilAScanFindsAccess) {
     EXPECT_FALSE(isShown());
 }
 
+TEST_F(ContentViewTest, TheGuideOpensFromTheDetails) {
+    open();
+    coordinator->setSelection(coordinator->filteredItems().front()->id);
+    turn();
+    find<QAbstractButton>(*window, "installRosettaButton").click();
+    EXPECT_EQ(window->focusWidget()->objectName(), QStringLiteral("doneButton"));
+    find<QAbstractButton>(*window, "doneButton").click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("RosettaInstallGuide")));
+}
+
 TEST_F(ContentViewTest, ToolsFollowTheScanAndTheItems) {
     waitForStop();
     const auto states = [&] {
