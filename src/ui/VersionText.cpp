@@ -1,0 +1,39 @@
+#include "ui/VersionText.h"
+
+#include "platform/PropertyList.h"
+#include "platform/Version.h"
+
+#include <string_view>
+
+namespace veridane::ui {
+namespace {
+
+/// What describes the bundle of an executable, if there is one around it.
+std::optional<Path> propertyListBeside(const Path& executable) {
+    const std::string_view program = executable.bytes();
+    const std::string_view folder = program.substr(0, program.rfind('/'));
+    constexpr std::string_view inBundle = "/Contents/MacOS";
+    if (!folder.ends_with(inBundle))
+        return std::nullopt;
+    return Path(folder.substr(0, folder.size() - inBundle.size())) / "Contents/Info.plist";
+}
+
+} // namespace
+
+std::string versionText(const std::optional<std::string>& shortVersion,
+                        const std::optional<std::string>& build) {
+    return shortVersion.value_or("1.0") + " (" + build.value_or("1") + ")";
+}
+
+std::string versionTextOf(const FileSystem& files, const Path& executable) {
+    const auto path = propertyListBeside(executable);
+    if (!path || !files.exists(*path))
+        return versionText(productVersion, std::nullopt);
+    const auto bytes = files.readWhole(*path, PropertyList::maxFileSize);
+    const auto list = bytes ? PropertyList::parse(ByteView(*bytes)) : std::nullopt;
+    if (!list)
+        return versionText(std::nullopt, std::nullopt);
+    return versionText(list->text("CFBundleShortVersionString"), list->text("CFBundleVersion"));
+}
+
+} // namespace veridane::ui
