@@ -53,6 +53,7 @@ inline constexpr int buttonRadius = 6;
 inline constexpr int smallButtonRadius = 5;
 inline constexpr int largeButtonRadius = 7;
 inline constexpr int fieldRadius = 7;
+inline constexpr int linkRadius = 4; // of the ring around a link
 
 // menus and help tags
 inline constexpr int menuRadius = 8;
@@ -130,13 +131,16 @@ inline constexpr int restartSymbol = 17;
 inline constexpr int tabStripHeight = 64;
 inline constexpr int tabWidth = 76;
 inline constexpr int tabSymbol = 20;
+inline constexpr int tabSymbolGap = 3; // to the label below
 inline constexpr int tabRadius = 8;
 inline constexpr int aboutIcon = 72;
+inline constexpr int appsSymbol = 20;
 inline constexpr int aboutArrow = 13;
 inline constexpr int legalSymbol = 15;
 inline constexpr int legalSymbolBox = 18;
 inline constexpr int legalRowHeight = 26;
-inline constexpr int popUpPadding = 10; // left of the text
+inline constexpr int linkRowOverhang = 6; // of its fill, to the left and right of all else
+inline constexpr int popUpPadding = 10;   // left of the text
 inline constexpr int popUpChevron = 12;
 
 // symbols

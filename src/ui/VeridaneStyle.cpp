@@ -6,16 +6,19 @@
 #include "ui/Metrics.h"
 #include "ui/Painting.h"
 #include "ui/ScrollBarDrawing.h"
+#include "ui/TabDrawing.h"
 #include "ui/Theme.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTabBar>
 #include <QToolButton>
 
 #include <algorithm>
@@ -105,6 +108,8 @@ void VeridaneStyle::polish(QWidget* widget) {
         list->viewport()->setBackgroundRole(QPalette::ToolTipBase);
     if (qobject_cast<QMenu*>(widget) && menu_drawing::canHaveRoundCorners())
         widget->setAttribute(Qt::WA_TranslucentBackground);
+    if (qobject_cast<QTabBar*>(widget))
+        widget->setAttribute(Qt::WA_Hover);
     if (qobject_cast<QScrollBar*>(widget)) {
         // It lies over rows that are painted below it.
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
@@ -141,6 +146,9 @@ int VeridaneStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return 0;
     case PM_ToolTipLabelFrameWidth:
         return metrics::space8;
+    case PM_TabBarTabShiftHorizontal:
+    case PM_TabBarTabShiftVertical:
+        return 0;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -157,6 +165,10 @@ int VeridaneStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
         return 0;
     case SH_ToolTipLabel_Opacity:
         return 255;
+    case SH_TabBar_Alignment:
+        return Qt::AlignCenter;
+    case SH_TabBar_SelectMouseType: // like all that is pressed
+        return QEvent::MouseButtonRelease;
     case SH_FocusFrame_AboveWidget:
     case SH_ComboBox_Popup:
     case SH_MenuBar_MouseTracking:
@@ -174,6 +186,10 @@ void VeridaneStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_PanelItemViewRow:
     case PE_FrameFocusRect:
     case PE_FrameMenu:
+    case PE_FrameTabBarBase:
+        return;
+    case PE_FrameTabWidget:
+        tab_drawing::drawEdge(m_theme, option->rect, *painter);
         return;
     case PE_PanelMenu:
         menu_drawing::drawPanel(m_theme, option->rect, *painter);
@@ -222,6 +238,9 @@ void VeridaneStyle::drawControl(ControlElement element, const QStyleOption* opti
     case CE_ComboBoxLabel: // drawn with the pop-up
     case CE_MenuBarEmptyArea:
     case CE_MenuEmptyArea:
+        return;
+    case CE_TabBarTab:
+        tab_drawing::drawTab(m_theme, as<QStyleOptionTab>(option), *painter, widget);
         return;
     case CE_Splitter:
         painter->fillRect(option->rect, m_theme.colours().window);
@@ -279,9 +298,23 @@ QRect VeridaneStyle::subControlRect(ComplexControl control, const QStyleOptionCo
 
 QRect VeridaneStyle::subElementRect(SubElement element, const QStyleOption* option,
                                     const QWidget* widget) const {
-    if (element == SE_ProgressBarGroove || element == SE_ProgressBarContents)
+    switch (element) {
+    case SE_ProgressBarGroove:
+    case SE_ProgressBarContents:
         return option->rect;
-    return QProxyStyle::subElementRect(element, option, widget);
+    case SE_TabWidgetTabBar: {
+        const QSize bar = as<QStyleOptionTabWidgetFrame>(option).tabBarSize;
+        return {(option->rect.width() - bar.width()) / 2, 0, bar.width(),
+                tab_drawing::stripHeight(m_theme)};
+    }
+    case SE_TabWidgetTabPane: // with the line at the lower edge of the strip
+        return option->rect.adjusted(0, tab_drawing::stripHeight(m_theme) - metrics::hairline, 0,
+                                     0);
+    case SE_TabWidgetTabContents:
+        return option->rect.adjusted(0, tab_drawing::stripHeight(m_theme), 0, 0);
+    default:
+        return QProxyStyle::subElementRect(element, option, widget);
+    }
 }
 
 QSize VeridaneStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
@@ -295,6 +328,8 @@ QSize VeridaneStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
         return button_drawing::toolSize(m_theme, as<QStyleOptionToolButton>(option));
     case CT_ComboBox:
         return button_drawing::popUpSize(m_theme, size);
+    case CT_TabBarTab:
+        return tab_drawing::size(m_theme, as<QStyleOptionTab>(option));
     case CT_MenuItem:
         return menu_drawing::entrySize(m_theme, as<QStyleOptionMenuItem>(option));
     case CT_MenuBarItem:
