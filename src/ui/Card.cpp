@@ -8,18 +8,23 @@
 
 namespace veridane::ui {
 
+void paintCard(QPainter& painter, const QRect& rect, const Theme& theme, CardStyle style,
+               int radius) {
+    const ThemeColours& colours = theme.colours();
+    const bool isTinted = style == CardStyle::tinted;
+    painting::fillRounded(painter, rect, radius, isTinted ? colours.tintedCard : colours.card);
+    painting::strokeInside(painter, rect, radius,
+                           isTinted ? colours.tintedCardBorder : colours.separator,
+                           metrics::hairline);
+}
+
 Card::Card(const Theme& theme, CardStyle style, int radius, QWidget* parent)
     : QFrame(parent), m_theme(theme), m_style(style), m_radius(radius) {}
 
 void Card::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
-    const ThemeColours& colours = m_theme.colours();
-    const bool isTinted = m_style == CardStyle::tinted;
-    painting::fillRounded(painter, rect(), m_radius, isTinted ? colours.tintedCard : colours.card);
-    painting::strokeInside(painter, rect(), m_radius,
-                           isTinted ? colours.tintedCardBorder : colours.separator,
-                           metrics::hairline);
+    paintCard(painter, rect(), m_theme, m_style, m_radius);
 }
 
 } // namespace veridane::ui

@@ -4,11 +4,17 @@
 
 #include <cstdint>
 
+class QPainter;
+
 namespace veridane::ui {
 
 class Theme;
 
 enum class CardStyle : std::uint8_t { plain, tinted };
+
+/// The surface of a card, for what is more than one.
+void paintCard(QPainter& painter, const QRect& rect, const Theme& theme, CardStyle style,
+               int radius);
 
 /// A rounded surface that other widgets stand on.
 class Card : public QFrame {

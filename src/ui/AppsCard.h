@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/PaintedButton.h"
+
+namespace veridane::ui {
+
+class WrapLabel;
+
+/// A card that is one link: to all applications of the maker.
+class AppsCard : public PaintedButton {
+    Q_OBJECT
+
+public:
+    explicit AppsCard(const Theme& theme, QWidget* parent = nullptr);
+
+    /// All that stands in it, in the language in force.
+    void retranslate();
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    WrapLabel* m_title;
+    WrapLabel* m_tagline;
+    WrapLabel* m_call;
+};
+
+} // namespace veridane::ui
