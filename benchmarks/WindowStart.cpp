@@ -88,7 +88,8 @@ int main(int argc, char** argv) {
     if (!std::holds_alternative<ExaminedVolume>(volume))
         return 2;
     const FirstFrame firstFrame(std::strtoll(argv[1], nullptr, 10));
-    ui::VeridaneApp app(std::move(std::get<ExaminedVolume>(volume)), *arguments);
+    ui::VeridaneApp app(std::move(std::get<ExaminedVolume>(volume)), *arguments,
+                        {argv, argv + argc});
     app.showMainWindow();
     return QApplication::exec();
 }

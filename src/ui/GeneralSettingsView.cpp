@@ -1,6 +1,7 @@
 #include "ui/GeneralSettingsView.h"
 
 #include "platform/Language.h"
+#include "ui/ButtonRole.h"
 #include "ui/Card.h"
 #include "ui/Divider.h"
 #include "ui/FocusRing.h"
@@ -8,6 +9,7 @@
 #include "ui/Metrics.h"
 #include "ui/PaintedButton.h"
 #include "ui/Preferences.h"
+#include "ui/Relauncher.h"
 #include "ui/SegmentedControl.h"
 #include "ui/SymbolLabel.h"
 #include "ui/Text.h"
@@ -18,6 +20,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <cstddef>
@@ -38,9 +41,9 @@ QHBoxLayout* addRow(QVBoxLayout& group) {
 
 } // namespace
 
-GeneralSettingsView::GeneralSettingsView(Preferences& preferences, const Theme& theme,
-                                         QWidget* parent)
-    : QWidget(parent), m_preferences(preferences), m_theme(theme),
+GeneralSettingsView::GeneralSettingsView(Preferences& preferences, Relauncher& relauncher,
+                                         const Theme& theme, QWidget* parent)
+    : QWidget(parent), m_preferences(preferences), m_relauncher(relauncher), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     m_appearanceTitle = new Label(theme, TextStyle::headline);
     m_languageTitle = new Label(theme, TextStyle::headline);
@@ -97,16 +100,43 @@ QWidget* GeneralSettingsView::makeLanguageGroup() {
     setRing(*m_languages, {.radius = metrics::buttonRadius});
     for (const AppLanguage language : appLanguages)
         m_languages->addItem(toQString(label(language)));
-    connect(m_languages, &QComboBox::activated, this, [this](int index) {
-        const AppLanguage language = appLanguages.at(static_cast<std::size_t>(index));
-        m_preferences.setAppLanguage(language);
-        m_preferences.applyLanguage(language);
-    });
+    connect(m_languages, &QComboBox::activated, this, &GeneralSettingsView::chooseLanguage);
     auto* row = addRow(*rows);
     row->addWidget(m_languageLabel, 1);
     row->addWidget(m_languages);
     m_languageLabel->setBuddy(m_languages); // on Linux the name of a pop-up is its choice
+    rows->addWidget(makeRestartHint());
     return card;
+}
+
+QWidget* GeneralSettingsView::makeRestartHint() {
+    m_restartText = new WrapLabel(m_theme, TextStyle::callout, Tone::secondary);
+    m_restart = new QPushButton;
+    m_restart->setObjectName(QStringLiteral("restartButton"));
+    m_restart->setAutoDefault(false); // Return anywhere in the window would press it
+    setButtonRole(*m_restart, ButtonRole::borderedSmall);
+    connect(m_restart, &QPushButton::clicked, this, [this] { m_relauncher.relaunch(); });
+
+    m_restartHint = new QWidget;
+    m_restartHint->hide();
+    auto* rows = makeColumn(m_restartHint);
+    rows->addWidget(new Divider(m_theme));
+    auto* row = addRow(*rows);
+    row->addWidget(new SymbolLabel(m_theme, "arrow.clockwise.circle", metrics::restartSymbol,
+                                   metrics::restartSymbol, Tone::orange));
+    row->addWidget(m_restartText, 1);
+    row->addSpacing(metrics::space10 + metrics::space8);
+    row->addWidget(m_restart);
+    return m_restartHint;
+}
+
+void GeneralSettingsView::chooseLanguage(int index) {
+    const AppLanguage language = appLanguages.at(static_cast<std::size_t>(index));
+    if (m_preferences.languageRaw().get() == rawString(language))
+        return; // the entry that was chosen already
+    m_preferences.setAppLanguage(language);
+    m_preferences.applyLanguage(m_preferences.appLanguage());
+    m_restartHint->show();
 }
 
 void GeneralSettingsView::changeEvent(QEvent* event) {
@@ -126,6 +156,9 @@ void GeneralSettingsView::retranslate() {
     m_languages->view()->setAccessibleName(m_languageTitle->text());
     for (std::size_t index = 0; index < appLanguages.size(); ++index)
         m_languages->setItemText(static_cast<int>(index), toQString(label(appLanguages.at(index))));
+    m_restartText->setText(
+        toQString(localized("Für die vollständige Umstellung die App neu starten.")));
+    m_restart->setText(toQString(localized("Jetzt neu starten")));
     m_refresh.now();
 }
 

@@ -5,11 +5,13 @@
 #include <QWidget>
 
 class QComboBox;
+class QPushButton;
 
 namespace veridane::ui {
 
 class Label;
 class Preferences;
+class Relauncher;
 class SegmentedControl;
 class SymbolLabel;
 class Theme;
@@ -20,8 +22,9 @@ class GeneralSettingsView : public QWidget {
     Q_OBJECT
 
 public:
-    /// Both must outlive the view.
-    GeneralSettingsView(Preferences& preferences, const Theme& theme, QWidget* parent = nullptr);
+    /// All must outlive the view.
+    GeneralSettingsView(Preferences& preferences, Relauncher& relauncher, const Theme& theme,
+                        QWidget* parent = nullptr);
     ~GeneralSettingsView() override;
 
 protected:
@@ -30,10 +33,13 @@ protected:
 private:
     [[nodiscard]] QWidget* makeAppearanceGroup();
     [[nodiscard]] QWidget* makeLanguageGroup();
+    [[nodiscard]] QWidget* makeRestartHint();
+    void chooseLanguage(int index);
     void retranslate();
     void refresh();
 
     Preferences& m_preferences;
+    Relauncher& m_relauncher;
     const Theme& m_theme;
     Refresh m_refresh;
 
@@ -45,6 +51,9 @@ private:
     Label* m_languageTitle = nullptr;
     Label* m_languageLabel = nullptr;
     QComboBox* m_languages = nullptr;
+    QWidget* m_restartHint = nullptr; // from the first change of the language on
+    WrapLabel* m_restartText = nullptr;
+    QPushButton* m_restart = nullptr;
 };
 
 } // namespace veridane::ui

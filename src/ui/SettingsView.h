@@ -2,9 +2,16 @@
 
 #include <QDialog>
 
+class QTabWidget;
+
+namespace veridane {
+class Workspace;
+}
+
 namespace veridane::ui {
 
 class Preferences;
+class Relauncher;
 class Theme;
 
 /// The settings window.
@@ -12,14 +19,17 @@ class SettingsView : public QDialog {
     Q_OBJECT
 
 public:
-    /// Both must outlive the window.
-    SettingsView(Preferences& preferences, const Theme& theme, QWidget* parent = nullptr);
+    /// All must outlive the window.
+    SettingsView(Preferences& preferences, Workspace& workspace, Relauncher& relauncher,
+                 const Theme& theme, QWidget* parent = nullptr);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     void retranslate();
+
+    QTabWidget* m_tabs;
 };
 
 } // namespace veridane::ui

@@ -28,10 +28,12 @@ void nameApplication() {
 
 } // namespace
 
-VeridaneApp::VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments)
+VeridaneApp::VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments,
+                         std::vector<std::string> commandLine)
     : m_systemAppearance(platformLook(), QDBusConnection::sessionBus()),
       m_theme(m_systemAppearance.look()), m_look(m_theme), m_volume(std::move(volume)),
       m_queries(*m_volume.files), m_workspace(arguments.volume.value_or("/")),
+      m_relauncher(relaunchCommand(std::move(commandLine))),
       m_coordinator(services(), std::make_unique<ScanCacheStore>(dataDirectory(arguments.volume)),
                     dataDirectory(arguments.volume)) {
     nameApplication();
@@ -102,7 +104,8 @@ void VeridaneApp::follow() {
 void VeridaneApp::showSettings() {
     // A new one each time: what it says of a restart is forgotten with the old one.
     if (!m_settings || !m_settings->isVisible()) {
-        m_settings = std::make_unique<SettingsView>(m_preferences, m_theme);
+        m_settings =
+            std::make_unique<SettingsView>(m_preferences, m_workspace, m_relauncher, m_theme);
         m_settings->setAttribute(Qt::WA_QuitOnClose, false); // the main window alone keeps us here
     }
     m_settings->showNormal();

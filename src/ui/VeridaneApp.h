@@ -11,11 +11,14 @@
 #include "ui/InterfaceLanguage.h"
 #include "ui/LaunchArguments.h"
 #include "ui/Preferences.h"
+#include "ui/ProcessRelauncher.h"
 #include "ui/SettingsView.h"
 #include "ui/SystemAppearance.h"
 #include "ui/Theme.h"
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace veridane {
 class HttpClient;
@@ -27,8 +30,10 @@ namespace veridane::ui {
 /// the windows. Every member outlives those below it.
 class VeridaneApp {
 public:
-    /// Needs the `QApplication`, before anybody has given it a look.
-    VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments);
+    /// Needs the `QApplication`, before anybody has given it a look. `commandLine` is what the
+    /// process was started with, before the toolkit took out its own.
+    VeridaneApp(ExaminedVolume volume, const LaunchArguments& arguments,
+                std::vector<std::string> commandLine);
     ~VeridaneApp();
     VeridaneApp(const VeridaneApp&) = delete;
     VeridaneApp& operator=(const VeridaneApp&) = delete;
@@ -52,6 +57,7 @@ private:
     VolumeQueries m_queries;
     DesktopWorkspace m_workspace;
     FileDialogSavePanel m_savePanel;
+    ProcessRelauncher m_relauncher;
     std::unique_ptr<HttpClient> m_client; // from the first transfer on
     ScanCoordinator m_coordinator;
     std::unique_ptr<ContentView> m_window;

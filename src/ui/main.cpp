@@ -65,6 +65,7 @@ void endWithoutAbort(QtMsgType type, const QMessageLogContext&, const QString& m
 int main(int argc, char** argv) {
     fillStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
+    std::vector<std::string> commandLine(argv, argv + argc);
     const std::vector<std::string> given(argv + 1, argv + argc);
     const auto atOnce = parseLaunchArguments(given);
     const auto* answer = std::get_if<LaunchAnswer>(&atOnce);
@@ -91,7 +92,7 @@ int main(int argc, char** argv) {
         return complain(std::get_if<VolumeError>(&opened)->text);
 
     const QuitSignals quitSignals;
-    VeridaneApp app(std::move(*volume), *arguments);
+    VeridaneApp app(std::move(*volume), *arguments, std::move(commandLine));
     app.showMainWindow();
     return QApplication::exec();
 }

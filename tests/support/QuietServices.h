@@ -3,6 +3,7 @@
 #include "coordination/NetworkMonitor.h"
 #include "coordination/Workspace.h"
 #include "platform/HttpClient.h"
+#include "ui/Relauncher.h"
 #include "ui/SavePanel.h"
 
 #include <optional>
@@ -20,6 +21,10 @@ class QuietWorkspace : public Workspace {
 /// The user cancels.
 class QuietSavePanel : public ui::SavePanel {
     std::optional<std::string> chooseFile(const std::string&) override { return std::nullopt; }
+};
+
+class QuietRelauncher : public ui::Relauncher {
+    void relaunch() override {}
 };
 
 /// Nobody is there to answer.

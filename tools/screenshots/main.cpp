@@ -133,7 +133,7 @@ public:
         grab(window, file);
     }
     void saveSettings(const QString& file) {
-        SettingsView window(m_preferences, m_theme);
+        SettingsView window(m_preferences, m_workspace, m_relauncher, m_theme);
         grab(window, file);
     }
 
@@ -194,6 +194,7 @@ private:
     SampleMachine m_machine;
     test::QuietWorkspace m_workspace;
     test::QuietSavePanel m_savePanel;
+    test::QuietRelauncher m_relauncher;
     test::UnreachableNetwork m_network;
     Theme m_theme;
     ApplicationLook m_look;
