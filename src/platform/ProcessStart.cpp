@@ -53,6 +53,7 @@ std::optional<int> startProcess(const std::vector<std::string>& command) {
     if (command.empty())
         return std::nullopt;
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str())); // which is not written to
     arguments.push_back(nullptr);
