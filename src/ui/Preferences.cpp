@@ -93,8 +93,10 @@ QByteArray Preferences::layout(const QString& name) const {
 }
 
 void Preferences::setLayout(const QString& name, const QByteArray& state) {
-    if (m_settings && layout(name) != state)
-        m_settings->setValue(layoutGroup + name, state);
+    if (!m_settings || layout(name) == state)
+        return;
+    m_settings->setValue(layoutGroup + name, state);
+    m_settings->sync(); // at a restart the next instance reads it before this one has ended
 }
 
 } // namespace veridane::ui

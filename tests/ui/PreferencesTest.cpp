@@ -31,6 +31,7 @@ TEST_F(PreferencesTest, SurviveARestartAndAreTheSystemsUntilChosen) {
         first.setAppearanceMode(AppearanceMode::dark);
         first.setAppLanguage(AppLanguage::english);
         first.setLayout(QStringLiteral("columns"), QByteArray("\0\xFF,[", 4));
+        EXPECT_NE(textOf(file).find("columns"), std::string::npos) << "for who starts meanwhile";
     }
     const Preferences second = preferences();
     EXPECT_EQ(second.appearanceMode(), AppearanceMode::dark);
