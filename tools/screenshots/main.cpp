@@ -23,6 +23,7 @@
 #include <QDir>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabWidget>
 
 #include <cstdio>
 #include <functional>
@@ -132,8 +133,9 @@ public:
         const Sheet sheet(m_theme, new RosettaInstallGuide(m_workspace, m_theme), window);
         grab(window, file);
     }
-    void saveSettings(const QString& file) {
+    void saveSettings(const QString& file, int tab) {
         SettingsView window(m_preferences, m_workspace, m_relauncher, m_theme);
+        window.findChild<QTabWidget*>()->setCurrentIndex(tab);
         grab(window, file);
     }
 
@@ -309,7 +311,11 @@ const State states[] = {
      }},
     {"settings",
      [](Stage& stage, const QString& file) {
-         stage.saveSettings(file);
+         stage.saveSettings(file, 0);
+     }},
+    {"settings-about",
+     [](Stage& stage, const QString& file) {
+         stage.saveSettings(file, 1);
      }},
 };
 
