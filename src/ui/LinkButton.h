@@ -2,6 +2,8 @@
 
 #include "ui/PaintedButton.h"
 
+#include <cstdint>
+
 namespace veridane::ui {
 
 enum class TextStyle : std::uint8_t;
