@@ -4,6 +4,7 @@
 #include "coordination/Workspace.h"
 #include "platform/Language.h"
 #include "ui/AppsCard.h"
+#include "ui/BrandPicture.h"
 #include "ui/Card.h"
 #include "ui/Divider.h"
 #include "ui/FocusRing.h"
@@ -20,7 +21,6 @@
 #include <QFile>
 #include <QFocusEvent>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -78,11 +78,6 @@ AboutSettingsView::AboutSettingsView(Workspace& workspace, const Theme& theme, Q
 }
 
 QWidget* AboutSettingsView::makeHeaderCard() {
-    auto* icon = new QLabel;
-    icon->setPixmap(
-        QIcon(QStringLiteral(":/brand/veridane-icon.svg"))
-            .pixmap(QSize(metrics::aboutIcon, metrics::aboutIcon), devicePixelRatioF()));
-    icon->setFixedSize(metrics::aboutIcon, metrics::aboutIcon);
     auto* name = makeCentred(m_theme, TextStyle::title2, Tone::primary);
     name->setText(QStringLiteral("Veridane"));
     m_maker = makeCentred(m_theme, TextStyle::callout, Tone::secondary);
@@ -93,7 +88,8 @@ QWidget* AboutSettingsView::makeHeaderCard() {
     auto* column = makeColumn(card, metrics::space8);
     column->setContentsMargins(metrics::space18, metrics::space18, metrics::space18,
                                metrics::space18);
-    column->addWidget(icon, 0, Qt::AlignHCenter);
+    column->addWidget(BrandPicture::applicationIcon(m_theme, metrics::aboutIcon), 0,
+                      Qt::AlignHCenter);
     for (Label* line : {name, m_maker, m_version})
         column->addWidget(line);
     return card;
