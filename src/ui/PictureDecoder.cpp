@@ -54,7 +54,7 @@ QByteArray bareParts(ByteView png) {
 bool hasTooManyScans(std::string_view jpeg) {
     constexpr auto marker = "\xFF\xDA"sv;
     int scans = 0;
-    for (auto at = jpeg.find(marker); at != jpeg.npos && scans <= mostScans; ++scans)
+    for (auto at = jpeg.find(marker); at != std::string_view::npos && scans <= mostScans; ++scans)
         at = jpeg.find(marker, at + marker.size());
     return scans > mostScans;
 }
@@ -90,7 +90,7 @@ QImage readAny(ByteView bytes) {
 
 QImage decodedPicture(ByteView bytes) {
     constexpr int needed = metrics::catalogueIcon * largestScreenScale;
-    const QImage picture = readAny(bytes);
+    QImage picture = readAny(bytes);
     if (std::min(picture.width(), picture.height()) <= needed)
         return picture;
     return picture.scaled(needed, needed, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);

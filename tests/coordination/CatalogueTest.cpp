@@ -17,7 +17,7 @@ using Apps = std::vector<MirefoldApp>;
 /// Puts another site in the maker's place.
 class Catalogue : public ::testing::Test {
 protected:
-    ~Catalogue() override { ::unsetenv("VERIDANE_SITE"); }
+    void TearDown() override { ::unsetenv("VERIDANE_SITE"); }
     static void useSite(const std::string& root) { ::setenv("VERIDANE_SITE", root.c_str(), 1); }
 
     static AppCatalogue::Outcome fetched(HttpClient& client) {
@@ -61,15 +61,17 @@ TEST_F(Catalogue, TheSitesListIsTakenWholeOrNotAtAll) {
          R"(","tagline":"T","url":"U"}])",
          none},
     };
-    std::string answer;
-    LoopbackServer server([&](const auto&, auto& connection) { connection.send(answer); });
-    useSite(server.url("/"));
-    CurlHttpClient client;
-    for (const auto& c : cases) {
-        answer = answerText(c.status, c.body);
-        EXPECT_EQ(std::get<Apps>(fetched(client)), c.apps) << c.status << " " << c.body;
+    // Each is the list of a site of its own: "/12/apps.json".
+    LoopbackServer server([&](const LoopbackServer::Request& request, auto& connection) {
+        const auto& c = cases[std::stoul(request.target.substr(1))];
+        EXPECT_TRUE(request.target.ends_with("/apps.json")) << request.target;
+        connection.answer(c.status, c.body);
+    });
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        useSite(server.url("/" + std::to_string(i) + "/"));
+        CurlHttpClient client;
+        EXPECT_EQ(std::get<Apps>(fetched(client)), cases[i].apps) << cases[i].body;
     }
-    EXPECT_TRUE(server.heads().front().starts_with("GET /apps.json HTTP/1.1\r\n"));
 }
 
 TEST_F(Catalogue, AnEndlessOrUnreachableSiteIsAnErrorAndSoIsOneWithoutAnAddress) {
@@ -84,9 +86,9 @@ TEST_F(Catalogue, AnEndlessOrUnreachableSiteIsAnErrorAndSoIsOneWithoutAnAddress)
         EXPECT_EQ(std::get<TransportError>(fetched(client)).limit, 1 << 20);
         ended = server.url("");
     }
-    CurlHttpClient client;
     for (const std::string& site : {ended, std::string("https://two words")}) {
         useSite(site);
+        CurlHttpClient client;
         EXPECT_TRUE(std::holds_alternative<TransportError>(fetched(client))) << site;
     }
 }
