@@ -8,6 +8,7 @@
 #include "ui/Metrics.h"
 #include "ui/Text.h"
 
+#include <QEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -29,6 +30,21 @@ ActionButtons::ActionButtons(ScanCoordinator& coordinator, Workspace& workspace,
     connect(m_searchAppStore, &QPushButton::clicked, this, &ActionButtons::searchAppStore);
     connect(m_reveal, &QPushButton::clicked, this, &ActionButtons::reveal);
     connect(m_installRosetta, &QPushButton::clicked, this, &ActionButtons::rosettaGuideRequested);
+    retranslate();
+}
+
+void ActionButtons::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+// Also while there is nothing to show them for: assistive technology finds them all the same.
+void ActionButtons::retranslate() {
+    m_searchNative->setText(withoutMnemonics(localized("Nach nativer Version suchen")));
+    m_searchAppStore->setText(withoutMnemonics(localized("Im App Store suchen")));
+    m_reveal->setText(withoutMnemonics(localized("Im Finder zeigen")));
+    m_installRosetta->setText(withoutMnemonics(localized("Rosetta 2 installieren?")));
 }
 
 QPushButton* ActionButtons::addButton(FittingRowLayout& row, const char* name,
@@ -45,12 +61,8 @@ void ActionButtons::showFor(Urgency urgency) {
     const bool needsRosetta =
         urgency == Urgency::breaksOnMacOS28 || urgency == Urgency::partiallyAffected;
     const bool hasBetter = needsRosetta || urgency == Urgency::switchToNative;
-    m_searchNative->setText(withoutMnemonics(localized("Nach nativer Version suchen")));
     m_searchNative->setVisible(hasBetter);
-    m_searchAppStore->setText(withoutMnemonics(localized("Im App Store suchen")));
     m_searchAppStore->setVisible(hasBetter);
-    m_reveal->setText(withoutMnemonics(localized("Im Finder zeigen")));
-    m_installRosetta->setText(withoutMnemonics(localized("Rosetta 2 installieren?")));
     m_installRosetta->setVisible(needsRosetta);
 }
 

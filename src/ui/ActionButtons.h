@@ -30,9 +30,13 @@ public:
 Q_SIGNALS:
     void rosettaGuideRequested();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     [[nodiscard]] QPushButton* addButton(FittingRowLayout& row, const char* name,
                                          std::string_view symbol);
+    void retranslate();
     void searchNativeVersion();
     void searchAppStore();
     void reveal();

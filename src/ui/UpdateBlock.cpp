@@ -10,6 +10,7 @@
 #include "ui/Text.h"
 #include "ui/WrapLabel.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -48,15 +49,25 @@ UpdateBlock::UpdateBlock(ScanCoordinator& coordinator, const Theme& theme, QWidg
     column->addWidget(m_source);
     column->addWidget(m_appcast);
     column->addLayout(status);
+    retranslate();
+}
+
+void UpdateBlock::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void UpdateBlock::retranslate() {
+    m_title->setText(toQString(localized("Updates")));
+    m_statusTitle->setText(toQString(localized("Status:")));
+    m_check->setText(withoutMnemonics(localized("Prüfen")));
 }
 
 void UpdateBlock::showItem(const ScanItem& item) {
-    m_title->setText(toQString(localized("Updates")));
     m_source->setFact(localized("Quelle"), displayName(item.updateSource));
     m_appcast->setFact(localized("Appcast"), item.sparkleFeedURL);
-    m_statusTitle->setText(toQString(localized("Status:")));
     m_status->setText(toQString(text::printable(displayName(item.updateResult))));
-    m_check->setText(withoutMnemonics(localized("Prüfen")));
     m_check->setVisible(canBeAsked(item.updateSource));
 }
 

@@ -26,7 +26,11 @@ public:
 
     void showItem(const ScanItem& item);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void retranslate();
     void checkSelected();
 
     ScanCoordinator& m_coordinator;

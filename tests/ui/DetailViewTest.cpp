@@ -60,10 +60,12 @@ protected:
         }
         return texts;
     }
+    /// As the Tab key reaches them.
     Texts buttons() {
         Texts texts;
-        for (const auto* button : view->findChildren<QPushButton*>())
-            if (isShown(*button))
+        for (auto* next = view->nextInFocusChain(); next != view.get();
+             next = next->nextInFocusChain())
+            if (const auto* button = qobject_cast<QPushButton*>(next); button && isShown(*button))
                 texts.push_back(button->text().toStdString());
         return texts;
     }
