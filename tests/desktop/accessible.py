@@ -53,6 +53,12 @@ def application(pid):
                  if node.get_process_id() == pid), None)
 
 
+def others(pid):
+    """The processes that show something but that one."""
+    return [node.get_process_id() for node in children(Atspi.get_desktop(0))
+            if node.get_process_id() != pid]
+
+
 def children(node):
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
@@ -70,6 +76,12 @@ def walk(node):
 
 def has_state(node, state):
     return node.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
+
+
+def text_of(root):
+    """All labels that can be seen."""
+    return [node.get_name() for node in walk(root)
+            if node.get_role_name() == "label" and has_state(node, "showing")]
 
 
 def find(root, roles, name):

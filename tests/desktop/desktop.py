@@ -10,6 +10,7 @@ import tempfile
 import zlib
 
 SCREEN = (1600, 1000)
+HELPERS = ("xdg-open", "x-terminal-emulator")
 
 
 class Desktop:
@@ -28,6 +29,7 @@ class Desktop:
             # Nobody listens there: the programs find themselves without a network.
             "http_proxy": "http://127.0.0.1:9",
             "https_proxy": "http://127.0.0.1:9",
+            "no_proxy": "127.0.0.1",
         }
 
     def __enter__(self):
@@ -37,6 +39,9 @@ class Desktop:
                                    ("XDG_RUNTIME_DIR", "runtime"), ("TMPDIR", "temporary")):
                 (self.folder / name).mkdir(mode=0o700)
                 self.environment[variable] = str(self.folder / name)
+            for helper in HELPERS:
+                self._install(helper)
+            self.environment["PATH"] = f"{self.folder / 'bin'}:{os.environ['PATH']}"
             self._start_display()
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._serve(
                 "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={fd}")
@@ -51,6 +56,19 @@ class Desktop:
             os.killpg(server.pid, signal.SIGTERM)
             server.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _install(self, helper):
+        """A program that only notes what it is asked to open, see opened()."""
+        (self.folder / "bin").mkdir(exist_ok=True)
+        (self.folder / f"{helper}.calls").touch()
+        program = self.folder / "bin" / helper
+        program.write_text(f"#!/bin/sh\nprintf '%s\\n' \"$*\" >> '{self.folder}/{helper}.calls'\n",
+                           encoding="utf-8")
+        program.chmod(0o700)
+
+    def opened(self, helper="xdg-open"):
+        """What a program of the desktop has been asked for, call by call."""
+        return (self.folder / f"{helper}.calls").read_text(encoding="utf-8").splitlines()
 
     def _start_display(self):
         width, height = SCREEN

@@ -9,8 +9,10 @@ import csv
 import io
 import itertools
 import json
+import os
 import pathlib
 import re
+import signal
 import sys
 import tempfile
 import unittest
@@ -18,6 +20,7 @@ import unittest
 import accessible as tree
 from accessible import wait
 from desktop import Desktop
+from maker import MakerSite
 
 TITLE = "Veridane"
 COLUMNS = ["Name", "Einschätzung", "Architektur", "Hersteller", "Version", "Update"]
@@ -35,11 +38,13 @@ CHECKED_SOURCES = ("Mac App Store", "Sparkle (Auto-Update)")
 PROGRAMS = None
 DESKTOP = None
 VOLUME = None
+SITE = None
 LISTENER = None
 
 
 def setUpModule():
-    global DESKTOP, VOLUME, LISTENER
+    global DESKTOP, VOLUME, SITE, LISTENER
+    SITE = unittest.enterModuleContext(MakerSite())
     DESKTOP = unittest.enterModuleContext(Desktop())
     LISTENER = tree.connect(DESKTOP.environment)
     VOLUME = DESKTOP.folder / "volume"
@@ -66,7 +71,8 @@ class Program:
         self.data = data or tempfile.mkdtemp(dir=DESKTOP.folder)
         self.log = f"window-{next(self.numbers)}"
         self.process = DESKTOP.start(self.log, PROGRAMS.window, *arguments,
-                                     XDG_DATA_HOME=self.data, XDG_CONFIG_HOME=self.data)
+                                     XDG_DATA_HOME=self.data, XDG_CONFIG_HOME=self.data,
+                                     VERIDANE_SITE=SITE.root)
 
     @property
     def root(self):
@@ -86,6 +92,15 @@ class Program:
 
     def wait_for(self, roles, name):
         return self.wait(name, lambda root: tree.find(root, roles, name))
+
+    def wait_until_gone(self, roles, name):
+        self.wait(f"{name} to go", lambda root: not tree.find(root, roles, name))
+
+    def dismiss_welcome(self):
+        self.wait_for(tree.BUTTONS, "Los geht's")
+        self.take_keyboard()
+        DESKTOP.press("Return")
+        self.wait_until_gone(("dialog",), "Willkommen bei Veridane")
 
     def wait_for_rows(self, count):
         self.wait(f"{count} rows", lambda root: tree.row_count(root) == count)
@@ -157,6 +172,7 @@ class WindowTest(unittest.TestCase):
     def scanned(self):
         """A program that shows the volume, and nothing in front of it."""
         program = self.start("--volume", VOLUME)
+        program.dismiss_welcome()
         self.show_volume(program)
         return program
 
@@ -166,6 +182,13 @@ class WindowTest(unittest.TestCase):
     def assert_quits(self, program):
         self.assertEqual(program.quit(), 0)
         self.assertEqual(DESKTOP.log(program.log), "")
+
+    def assert_opens(self, program, title, address):
+        """Presses a link and looks what the desktop is asked to open."""
+        before = len(DESKTOP.opened())
+        tree.press(program.wait_for((*tree.BUTTONS, "link"), title))
+        program.wait("a call for the browser", lambda root: len(DESKTOP.opened()) > before)
+        self.assertEqual(DESKTOP.opened()[before:], [address])
 
     def assert_all_named(self, program):
         self.assertEqual(tree.nameless(program.root), [])
@@ -246,39 +269,96 @@ class OtherStarts(WindowTest):
         first = self.start("--volume", VOLUME)
         second = self.start("--volume", VOLUME, data=first.data)
         for program in (first, second):
+            program.dismiss_welcome()
             self.show_volume(program)
         for program in (first, second):
             self.assert_quits(program)
         third = self.start("--volume", VOLUME, data=first.data)
+        third.dismiss_welcome()
         self.show_volume(third)
         self.assert_quits(third)
 
 
-class AllThatOpens(WindowTest):
-    """Details and settings say what can be used in them."""
+class TheWelcome(WindowTest):
+    def test_greets_before_a_scan_that_goes_on_and_leads_to_the_maker(self):
+        program = self.start("--volume", VOLUME)
+        program.wait_for(("dialog",), "Willkommen bei Veridane")
+        self.show_volume(program)
+        first = program.wait_for(tree.BUTTONS, "Wollgras")
+        self.assertEqual(first.get_description(), "Von der Seite.")
+        self.assert_all_named(program)
+        for title, address in (("Wollgras", SITE.root + "/apps/wollgras"),
+                               ("Moorlicht", SITE.root), ("Weitere Apps entdecken", SITE.root)):
+            self.assert_opens(program, title, address)
+        self.assertIn("/img/products/moorlicht.png", SITE.asked)
+        program.take_keyboard()
+        DESKTOP.press("Escape")
+        program.wait_until_gone(("dialog",), "Willkommen bei Veridane")
+        self.assert_quits(program)
 
-    def test_details_follow_the_selected_row(self):
+
+class AllThatOpens(WindowTest):
+    """Details, guide and settings say what can be used in them."""
+
+    def test_details_follow_the_selected_row_and_the_guide_opens(self):
         program = self.scanned()
         name, verdict = tree.rows(program.root)[0][:2]
         tree.select_row(program.root, 0)
         program.wait_for(("label",), name)
         program.wait_for(("label",), verdict)
+        item = next(item for item in json.loads(report("json"))["items"] if item["name"] == name)
+        texts = tree.text_of(program.root)
+        for label, value in (("Bundle-ID", item["bundleIdentifier"]), ("Pfad", item["path"])):
+            self.assertEqual(texts[texts.index(label) + 1], value)
         self.assert_all_named(program)
 
-    def test_settings_change_the_language_of_open_windows(self):
-        program = self.start("UITEST_SEED_DATA")
+        tree.press(program.wait_for(tree.BUTTONS, "Rosetta 2 installieren?"))
+        program.wait_for(("dialog",), "Rosetta 2 installieren")
+        program.wait_for(("label",), "softwareupdate --install-rosetta")
+        self.assert_all_named(program)
         program.take_keyboard()
-        DESKTOP.press("ctrl+comma")
+        program.go_to("Tab", "Terminal öffnen")
+        DESKTOP.press("space")
+        program.wait("the terminal", lambda root: DESKTOP.opened("x-terminal-emulator"))
+        program.go_to("Tab", "Fertig")
+        DESKTOP.press("Return")
+        program.wait_until_gone(("dialog",), "Rosetta 2 installieren")
+        self.assert_quits(program)
+
+    def test_settings_change_the_language_of_open_windows_and_restart(self):
+        program = self.start("UITEST_SEED_DATA")
+        self.open_settings(program)
         program.wait_for(("combo box",), "System")  # the toolkit calls it by its choice
         program.wait_for(tree.BUTTONS, "Dunkel")
         self.assert_all_named(program)
-        program.take_keyboard("Einstellungen")
         program.go_to("Tab", "System")
         DESKTOP.press("End")
         program.wait_for(("combo box",), "English")
         program.wait_for(tree.BUTTONS, "Needs Rosetta")
+        tree.press(program.wait_for(tree.BUTTONS, "Restart Now"))
+        self.assertEqual(program.process.wait(tree.DEADLINE), 0)
+        other = wait("the new instance", lambda: tree.others(program.process.pid))[0]
+        self.addCleanup(os.kill, other, signal.SIGKILL)
+        wait("its two rows", lambda: tree.row_count(tree.application(other)) == 2)
+        self.assertTrue(tree.find(tree.application(other), tree.BUTTONS, "Needs Rosetta"))
+
+    def test_the_page_about_the_program_leads_to_the_maker(self):
+        program = self.start("UITEST_SEED_DATA")
+        self.open_settings(program)
+        tree.press(program.wait_for(("page tab",), "Über"))
+        program.wait_for(("label",), "by Mirefold Software")
+        self.assert_all_named(program)
+        for title, address in (("Weitere Apps von Mirefold Software", SITE.root),
+                               ("Hilfe & Support", SITE.root + "/help"),
+                               ("hallo@mirefold.example", "mailto:hallo@mirefold.example")):
+            self.assert_opens(program, title, address)
         DESKTOP.press("Escape")
         self.assert_quits(program)
+
+    def open_settings(self, program):
+        program.take_keyboard()
+        DESKTOP.press("ctrl+comma")
+        program.take_keyboard("Einstellungen")
 
 
 def main():
