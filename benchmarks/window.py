@@ -39,7 +39,8 @@ def start(program, kept):
         data = os.path.join(folder, "data")
         os.mkdir(volume)
         environment = {**os.environ, "HOME": folder, "XDG_DATA_HOME": data,
-                       "XDG_CONFIG_HOME": os.path.join(folder, "config")}
+                       "XDG_CONFIG_HOME": os.path.join(folder, "config"),
+                       "VERIDANE_SITE": "http://127.0.0.1:9"}  # where nobody listens
         if kept:
             subprocess.run([program, "--keep", str(kept), volume], check=True, env=environment)
         for _ in range(STARTS):
