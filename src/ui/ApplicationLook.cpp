@@ -20,6 +20,11 @@ ApplicationLook::ApplicationLook(const Theme& theme) : m_style(new VeridaneStyle
     connect(&theme, &Theme::changed, this, &ApplicationLook::apply);
 }
 
+// Ours draws by a theme that may end next.
+ApplicationLook::~ApplicationLook() {
+    QApplication::setStyle(QStringLiteral("fusion"));
+}
+
 void ApplicationLook::apply() {
     const QPalette palette = m_style->themePalette();
     QApplication::setPalette(palette);

@@ -14,6 +14,7 @@ class ApplicationLook : public QObject {
 
 public:
     explicit ApplicationLook(const Theme& theme);
+    ~ApplicationLook() override;
 
 private:
     void apply();

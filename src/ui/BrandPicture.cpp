@@ -2,10 +2,23 @@
 
 #include "ui/Theme.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QSvgRenderer>
 
 namespace veridane::ui {
+
+namespace {
+
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+    Q_UNUSED(className);
+    auto* picture = qobject_cast<BrandPicture*>(object);
+    return picture && !picture->accessibleName().isEmpty()
+               ? new QAccessibleWidget(picture, QAccessible::Graphic)
+               : nullptr;
+}
+
+} // namespace
 
 BrandPicture* BrandPicture::applicationIcon(const Theme& theme, int size) {
     const auto icon = QStringLiteral(":/brand/veridane-icon.svg");
@@ -13,8 +26,12 @@ BrandPicture* BrandPicture::applicationIcon(const Theme& theme, int size) {
 }
 
 BrandPicture* BrandPicture::makerLogo(const Theme& theme, int height) {
-    return new BrandPicture(theme, QStringLiteral(":/brand/MirefoldLogo.svg"),
-                            QStringLiteral(":/brand/MirefoldLogo-dark.svg"), height);
+    static const bool isInstalled = (QAccessible::installFactory(makeAccessible), true);
+    Q_UNUSED(isInstalled);
+    auto* logo = new BrandPicture(theme, QStringLiteral(":/brand/MirefoldLogo.svg"),
+                                  QStringLiteral(":/brand/MirefoldLogo-dark.svg"), height);
+    logo->setAccessibleName(QStringLiteral("Mirefold"));
+    return logo;
 }
 
 BrandPicture::BrandPicture(const Theme& theme, const QString& light, const QString& dark,

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <QIcon>
-#include <QLabel>
+#include <QWidget>
 
 namespace veridane::ui {
 
 class Theme;
 
-/// A picture of the program's or the maker's own. The text beside it says who that is; assistive
-/// technology passes over it unless it is given a name.
-class BrandPicture : public QLabel {
+/// A picture of the program's or the maker's own. Assistive technology passes over the program's
+/// icon, which stands beside its name, and reads the maker's name from its word mark.
+class BrandPicture : public QWidget {
     Q_OBJECT
 
 public:

@@ -42,8 +42,6 @@ MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme&
       m_catalogueTitle(new Label(theme, TextStyle::subheadline)),
       m_rowColumn(makeColumn(nullptr, metrics::space6)), m_catalogue(makeCatalogue()),
       m_moreApps(new QPushButton) {
-    auto* logo = BrandPicture::makerLogo(theme, metrics::logoHeight);
-    logo->setAccessibleName(QStringLiteral("Mirefold"));
     for (WrapLabel* label : {m_service, m_invitation})
         label->setAlignment(Qt::AlignCenter);
     m_moreApps->setObjectName(QStringLiteral("moreAppsButton"));
@@ -54,7 +52,7 @@ MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme&
     auto* column = makeColumn(this, metrics::space12);
     column->setContentsMargins(metrics::space16, metrics::space16, metrics::space16,
                                metrics::space16);
-    column->addWidget(logo, 0, Qt::AlignHCenter);
+    column->addWidget(BrandPicture::makerLogo(theme, metrics::logoHeight), 0, Qt::AlignHCenter);
     column->addWidget(m_service);
     column->addWidget(m_invitation);
     column->addWidget(m_catalogue);

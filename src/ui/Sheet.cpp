@@ -80,7 +80,9 @@ Sheet::Sheet(const Theme& theme, QWidget* content, QWidget& window)
         content->setFocus(Qt::OtherFocusReason);
 }
 
-Sheet::~Sheet() = default;
+Sheet::~Sheet() {
+    qApp->disconnect(this); // the focus leaves with the last of us
+}
 
 QPushButton* Sheet::defaultButton() const {
     for (QPushButton* button : m_content->findChildren<QPushButton*>()) {

@@ -4,7 +4,6 @@
 #include "ui/WelcomeView.h"
 #include "ui/WindowFixture.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -222,44 +221,6 @@ TEST_F(ContentViewTest, TheTabKeyGoesAroundEverythingFromLeftToRight) {
                              "switchToNativeTile",
                              "readyTile",
                              "resultsTable"}));
-}
-
-/// What can be used and has no name, in the accessible tree below an object.
-void collectNameless(QAccessibleInterface* object, Texts& nameless) {
-    static const std::set<QAccessible::Role> roles = {
-        QAccessible::PushButton,  QAccessible::EditableText, QAccessible::CheckBox,
-        QAccessible::RadioButton, QAccessible::ComboBox,     QAccessible::MenuItem,
-        QAccessible::ButtonMenu,  QAccessible::Tree,         QAccessible::TreeItem,
-        QAccessible::Table,       QAccessible::Cell,         QAccessible::ColumnHeader,
-        QAccessible::ProgressBar};
-    if (!object || object->state().invisible)
-        return;
-    if (roles.contains(object->role()) && object->text(QAccessible::Name).isEmpty())
-        nameless.push_back(object->object() ? object->object()->objectName().toStdString() + " " +
-                                                  object->object()->metaObject()->className()
-                                            : "item " + std::to_string(object->role()));
-    for (int child = 0; child < object->childCount(); ++child)
-        collectNameless(object->child(child), nameless);
-}
-
-TEST_F(ContentViewTest, EverythingThatCanBeUsedHasAName) {
-    waitForStop();
-    open({});
-    const auto nameless = [&] {
-        Texts texts;
-        collectNameless(QAccessible::queryAccessibleInterface(window.get()), texts);
-        return texts;
-    };
-    EXPECT_EQ(nameless(), Texts()) << "while scanning";
-    coordinator->scanTask().get()->request_stop();
-    finishScan();
-    turn();
-    EXPECT_EQ(nameless(), Texts()) << "before a result";
-    open();
-    coordinator->setKindFilter(ItemKind::application);
-    coordinator->setSelection(coordinator->items().get().front().id);
-    turn();
-    EXPECT_EQ(nameless(), Texts()) << "with a result";
 }
 
 } // namespace

@@ -37,10 +37,7 @@ std::string picture(const QColor& colour, QSize size = {64, 64}) {
 class WelcomeTest : public WindowTest {
 protected:
     WelcomeTest() { ::setenv("VERIDANE_SITE", site.url("").c_str(), 1); }
-    ~WelcomeTest() override {
-        view.reset();
-        ::unsetenv("VERIDANE_SITE");
-    }
+    void TearDown() override { ::unsetenv("VERIDANE_SITE"); }
 
     /// Opens the view and waits for the list.
     void open(PathStatus path = PathStatus::satisfied) {
