@@ -213,23 +213,17 @@ TEST(HttpClient, ARequestCanNarrowTheBoundsOfItsClientAndNotWidenThem) {
         connection.send("HTTP/1.1 200 OK\r\n\r\n");
         connection.sendEndlessly("x");
     });
-    const std::string tooLarge = "Maximum file size exceeded ", late = "Operation timed out after";
-    constexpr std::uint64_t endless = INT64_MAX;
-    const struct {
-        std::chrono::milliseconds ofClient, ofRequest;
-        std::uint64_t bytesOfClient, bytesOfRequest;
-        std::string result;
-    } cases[] = {
-        {1h, 1h, 1000, 500, tooLarge + "(500)"},
-        {1h, 1h, 500, 1000, tooLarge + "(500)"},
-        {1h, 50ms, endless, endless, late},
-        {50ms, 1h, endless, endless, late},
+    const Url url = *Url::parse(server.url());
+    const std::tuple<HttpSettings, HttpRequest, std::string> cases[] = {
+        {{.largestBody = 1000}, {url, 1h, 500}, "Maximum file size exceeded (500)"},
+        {{.largestBody = 500}, {url, 1h, 1000}, "Maximum file size exceeded (500)"},
+        {{.largestBody = INT64_MAX}, {url, 50ms}, "Operation timed out after"},
+        {{.duration = 50ms, .largestBody = INT64_MAX}, {url, 1h}, "Operation timed out after"},
     };
-    for (const auto& c : cases) {
-        CurlHttpClient client({.duration = c.ofClient, .largestBody = c.bytesOfClient});
-        const std::string text =
-            Result(client, {*Url::parse(server.url()), c.ofRequest, c.bytesOfRequest}).text();
-        EXPECT_TRUE(text.starts_with(c.result)) << text;
+    for (const auto& [settings, request, result] : cases) {
+        CurlHttpClient client(settings);
+        const std::string text = Result(client, request).text();
+        EXPECT_TRUE(text.starts_with(result)) << text;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "ui/NetworkPaths.h"
 
 #include "platform/DrainedQueue.h"
+#include "platform/NetworkLinks.h"
 #include "ui/LinkWatcher.h"
 
 #include <QCoreApplication>
@@ -9,83 +10,51 @@
 #include <sys/socket.h>
 
 #include <utility>
-#include <vector>
 
 namespace veridane::ui {
 namespace {
 
 using enum PathStatus;
-using Statuses = std::vector<PathStatus>;
 
-/// A watcher whose news and answers are the test's.
-class LinkWatcherTest : public ::testing::Test {
-protected:
-    LinkWatcherTest() {
-        int ends[2] = {-1, -1};
-        EXPECT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0, ends), 0);
-        m_reader = Descriptor(ends[0]);
-        m_writer = Descriptor(ends[1]);
-    }
-    std::unique_ptr<LinkWatcher> watcher() {
-        return std::make_unique<LinkWatcher>(std::move(m_reader), [this] { return hasWayOut; });
-    }
-    void setWayOut(bool is) {
-        hasWayOut = is;
-        EXPECT_EQ(::send(m_writer.get(), "!!", 2, 0), 2);
-        QCoreApplication::processEvents();
-    }
+TEST(NetworkPaths, ALinkWatcherTellsThePresentStateAndEachChangeUntilItIsCancelled) {
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends), 0);
+    const Descriptor kernel(ends[0]);
     bool hasWayOut = false;
-
-private:
-    Descriptor m_reader;
-    Descriptor m_writer;
-};
-
-TEST_F(LinkWatcherTest, TellsThePresentStateThenChangesUntilItIsCancelled) {
-    Statuses seen;
-    const auto watched = watcher();
+    LinkWatcher watcher(Descriptor(ends[1]), [&] { return hasWayOut; });
+    std::vector<PathStatus> seen;
     const auto record = [&](PathStatus status) {
         seen.push_back(status);
     };
-    watched->start(record);
-    EXPECT_EQ(seen, (Statuses{unsatisfied}));
-    setWayOut(true);
-    setWayOut(false);
-    EXPECT_EQ(seen, (Statuses{unsatisfied, satisfied, unsatisfied}));
-    watched->cancel();
-    setWayOut(true);
-    watched->start(record);
-    EXPECT_EQ(seen.size(), 3u);
+    const auto change = [&](bool toWayOut) {
+        hasWayOut = toWayOut;
+        for (const char* piece : {"some", "more"})
+            EXPECT_EQ(::send(kernel.get(), piece, 4, 0), 4);
+        QCoreApplication::processEvents();
+    };
+    watcher.start(record);
+    change(true);
+    change(false);
+    const std::vector<PathStatus> expected = {unsatisfied, satisfied, unsatisfied};
+    EXPECT_EQ(seen, expected);
+    watcher.cancel();
+    change(true);
+    watcher.start(record);
+    EXPECT_EQ(seen, expected);
 }
 
-TEST_F(LinkWatcherTest, WithoutNewsTheMachineCountsAsOnline) {
-    Statuses seen;
-    LinkWatcher(Descriptor(), [] { return false; }).start([&](PathStatus status) {
-        seen.push_back(status);
-    });
-    EXPECT_EQ(seen, (Statuses{satisfied}));
-}
-
-TEST_F(LinkWatcherTest, AMonitorFollowsIt) {
+TEST(NetworkPaths, AMonitorIsToldByAnyWatcherWithoutWaitingForAChange) {
     DrainedQueue queue;
-    NetworkMonitor monitor(watcher(), queue);
-    monitor.start();
-    for (const bool isOnline : {true, false, true}) {
-        setWayOut(isOnline);
-        queue.drain();
-        EXPECT_EQ(monitor.isOnline().get(), isOnline);
-    }
-}
-
-TEST(NetworkPaths, TheSystemsWatcherSpeaksAtOnceAndNotOnceCancelled) {
-    for (const bool isCancelledBefore : {false, true}) {
-        int calls = 0;
-        const auto watcher = makePathWatcher();
-        if (isCancelledBefore)
-            watcher->cancel();
-        watcher->start([&](PathStatus) { ++calls; });
-        EXPECT_EQ(calls, isCancelledBefore ? 0 : 1);
-    }
+    NetworkMonitor blind(std::make_unique<LinkWatcher>(Descriptor(), [] { return false; }), queue);
+    blind.start();
+    NetworkMonitor systems(makePathWatcher(), queue), cancelled(makePathWatcher(), queue);
+    systems.start();
+    cancelled.stop();
+    cancelled.start();
+    EXPECT_EQ(queue.drain(), 2u);
+    EXPECT_TRUE(blind.isOnline().get()) << "an offline that nothing takes back";
+    const Descriptor news = NetworkLinks::openNews();
+    EXPECT_TRUE(!news || NetworkLinks::takeNews(news)) << "the kernel's own, and no waiting";
 }
 
 TEST(NetworkPaths, TheToolkitsWordCountsUnlessItKnowsNothing) {
