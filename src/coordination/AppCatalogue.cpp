@@ -1,6 +1,7 @@
 #include "coordination/AppCatalogue.h"
 
 #include "coordination/MakerSite.h"
+#include "platform/HttpTarget.h"
 #include "platform/Language.h"
 #include "platform/Text.h"
 
@@ -8,6 +9,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -82,8 +84,7 @@ void fetchRemote(HttpClient& client, std::function<void(Outcome)> onEnd) {
         [body, onEnd = std::move(onEnd)](const HttpOutcome& outcome) {
             if (const auto* error = std::get_if<TransportError>(&outcome))
                 return onEnd(*error);
-            const int status = std::get<HttpStatus>(outcome).code;
-            const bool isSuccess = status >= 200 && status <= 299;
+            const bool isSuccess = std::get<HttpStatus>(outcome).isSuccess();
             auto apps = isSuccess ? parse(*body) : std::nullopt;
             onEnd(std::move(apps).value_or(std::vector<MirefoldApp>()));
         });
@@ -100,6 +101,12 @@ std::vector<MirefoldApp> builtIn() {
         known("Uferlinie", localized("Zeitpläne auf einen Blick.")),
         known("Nebelfaden", localized("Notizen, die von selbst zusammenfinden.")),
     };
+}
+
+std::string destination(const MirefoldApp& app) {
+    const auto url = Url::parse(app.url);
+    const bool isOfTheWeb = url && std::holds_alternative<HttpTarget>(HttpTarget::of(*url));
+    return isOfTheWeb ? app.url : MakerSite::root();
 }
 
 std::optional<std::vector<MirefoldApp>> parse(std::string_view document) {

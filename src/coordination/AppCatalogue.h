@@ -37,6 +37,10 @@ void fetchRemote(HttpClient& client, std::function<void(Outcome)> onEnd);
 /// Eight of them in a fixed order, with their descriptions in the language in force.
 [[nodiscard]] std::vector<MirefoldApp> builtIn();
 
+/// Where an application leads: to its page, or to the maker's site if that is no address of the
+/// web. Anything else that the site names would start some other program, or none.
+[[nodiscard]] std::string destination(const MirefoldApp& app);
+
 /// Reads the document: an array of objects with "name", "tagline", "url" and perhaps "icon", all of
 /// them texts. One bad element makes all of it unusable: then there is nothing. Nor is there for a
 /// list of more than 500.

@@ -16,6 +16,8 @@ namespace veridane {
 struct HttpStatus {
     int code = 0;
 
+    [[nodiscard]] bool isSuccess() const { return code >= 200 && code <= 299; }
+
     bool operator==(const HttpStatus&) const = default;
 };
 

@@ -1,25 +1,24 @@
 #include "ui/AboutSettingsView.h"
 
 #include "coordination/MakerSite.h"
+#include "coordination/ProgramVersion.h"
 #include "coordination/Workspace.h"
 #include "platform/Language.h"
 #include "ui/AppsCard.h"
 #include "ui/BrandPicture.h"
 #include "ui/Card.h"
 #include "ui/Divider.h"
-#include "ui/FocusRing.h"
 #include "ui/Layouts.h"
 #include "ui/LinkButton.h"
 #include "ui/LinkRow.h"
 #include "ui/Metrics.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
-#include "ui/VersionText.h"
 #include "ui/WrapLabel.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QFile>
-#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -45,7 +44,7 @@ constexpr LegalPage legalPages[] = {
 
 std::string runningVersion() {
     const QByteArray program = QFile::encodeName(QCoreApplication::applicationFilePath());
-    return versionTextOf(FileSystem("/"), Path(program.toStdString()));
+    return programVersion(FileSystem("/"), Path(program.toStdString()));
 }
 
 Label* makeCentred(const Theme& theme, TextStyle style, Tone tone) {
@@ -68,12 +67,10 @@ AboutSettingsView::AboutSettingsView(Workspace& workspace, const Theme& theme, Q
     column->addWidget(makeFooter());
     column->addStretch();
 
-    m_scrollArea = makeScrollArea(blocks);
-    m_scrollArea->setObjectName(QStringLiteral("aboutScrollArea"));
-    m_scrollArea->setFocusPolicy(Qt::NoFocus); // the links have it
-    makeColumn(this)->addWidget(m_scrollArea);
-    for (auto* link : blocks->findChildren<PaintedButton*>())
-        link->installEventFilter(this);
+    auto* scrollArea = makeScrollArea(blocks);
+    scrollArea->setObjectName(QStringLiteral("aboutScrollArea"));
+    scrollArea->setFocusPolicy(Qt::NoFocus); // the links have it
+    makeColumn(this)->addWidget(scrollArea);
     retranslate();
 }
 
@@ -96,11 +93,10 @@ QWidget* AboutSettingsView::makeHeaderCard() {
 }
 
 QWidget* AboutSettingsView::makeAppsCard() {
-    m_apps = new AppsCard(m_theme);
-    m_apps->setObjectName(QStringLiteral("appsCard"));
-    connect(m_apps, &AppsCard::clicked, this,
-            [this] { m_workspace.openAddress(MakerSite::root()); });
-    return m_apps;
+    auto* card = new AppsCard(m_theme);
+    card->setObjectName(QStringLiteral("appsCard"));
+    connect(card, &AppsCard::clicked, this, [this] { m_workspace.openAddress(MakerSite::root()); });
+    return card;
 }
 
 QWidget* AboutSettingsView::makeLegalCard() {
@@ -153,21 +149,9 @@ void AboutSettingsView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-/// Whatever moves the focus to a link also shows it. But not a click: between press and release the
-/// link must stay under the pointer.
-bool AboutSettingsView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::MouseFocusReason && !isInterruption(reason))
-            m_scrollArea->ensureWidgetVisible(static_cast<QWidget*>(watched), 0, metrics::space18);
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
 void AboutSettingsView::retranslate() {
     m_maker->setText(toQString(localized("by Mirefold Software")));
     m_version->setText(toQString(localized("Version %@", runningVersion())));
-    m_apps->retranslate();
     m_legalTitle->setText(toQString(localized("Rechtliches")));
     const std::string titles[] = {
         localized("AGB / Nutzungsbedingungen"),

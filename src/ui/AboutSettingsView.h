@@ -4,18 +4,14 @@
 
 #include <vector>
 
-class QScrollArea;
-
 namespace veridane {
 class Workspace;
 }
 
 namespace veridane::ui {
 
-class AppsCard;
 class Label;
 class LinkRow;
-class PaintedButton;
 class Theme;
 class WrapLabel;
 
@@ -29,7 +25,6 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* makeHeaderCard();
@@ -41,10 +36,8 @@ private:
     Workspace& m_workspace;
     const Theme& m_theme;
 
-    QScrollArea* m_scrollArea = nullptr;
     Label* m_maker = nullptr;
     Label* m_version = nullptr;
-    AppsCard* m_apps = nullptr;
     Label* m_legalTitle = nullptr;
     std::vector<LinkRow*> m_links;
     WrapLabel* m_rights = nullptr;

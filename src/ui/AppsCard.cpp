@@ -9,6 +9,7 @@
 #include "ui/Text.h"
 #include "ui/WrapLabel.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -39,6 +40,12 @@ AppsCard::AppsCard(const Theme& theme, QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     setRing(*this, {.radius = metrics::largeCardRadius});
     retranslate();
+}
+
+void AppsCard::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    PaintedButton::changeEvent(event);
 }
 
 void AppsCard::retranslate() {

@@ -13,16 +13,16 @@ class AppsCard : public PaintedButton {
 public:
     explicit AppsCard(const Theme& theme, QWidget* parent = nullptr);
 
-    /// All that stands in it, in the language in force.
-    void retranslate();
-
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void retranslate();
+
     WrapLabel* m_title;
     WrapLabel* m_tagline;
     WrapLabel* m_call;

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QTimer>
 
 #include <utility>
 
@@ -70,6 +71,11 @@ CommandBox::CommandBox(const QString& command, const Theme& theme, Delay delay, 
     row->addWidget(label, 1);
     row->addWidget(m_copyButton);
     retranslate();
+}
+
+void CommandBox::after(std::chrono::milliseconds time, QObject* context,
+                       std::function<void()> task) {
+    QTimer::singleShot(time, context, std::move(task));
 }
 
 void CommandBox::copy() {

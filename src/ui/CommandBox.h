@@ -19,8 +19,11 @@ public:
     /// Runs a task once after that time, unless the context has gone before.
     using Delay = std::function<void(std::chrono::milliseconds time, QObject* context,
                                      std::function<void()> task)>;
+    /// The one that takes that time.
+    static void after(std::chrono::milliseconds time, QObject* context, std::function<void()> task);
 
-    CommandBox(const QString& command, const Theme& theme, Delay delay, QWidget* parent = nullptr);
+    CommandBox(const QString& command, const Theme& theme, Delay delay = after,
+               QWidget* parent = nullptr);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QFocusFrame>
 #include <QPainter>
+#include <QScrollArea>
 #include <QVariant>
 
 namespace veridane::ui {
@@ -15,6 +16,13 @@ namespace {
 constexpr const char* gapProperty = "ringGap";
 constexpr const char* radiusProperty = "ringRadius";
 constexpr const char* alwaysProperty = "ringAlways";
+
+/// A scroll area does so by itself, but only while the focus moves within it.
+void scrollTo(QWidget& widget) {
+    for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(around))
+            return area->ensureWidgetVisible(&widget, 0, metrics::space18);
+}
 
 } // namespace
 
@@ -84,6 +92,9 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
                   (isInterruption(reason) && m_interrupted == widget));
     if (comes)
         m_interrupted = nullptr;
+    // Not after a click: between press and release the widget must stay under the pointer.
+    if (comes && comesFromKeyboard(reason))
+        scrollTo(*widget);
     if (isShown && !m_frame)
         m_frame = new Frame(m_theme); // it becomes a child of the widget's window
     if (m_frame)

@@ -28,7 +28,8 @@ inline constexpr int insideGap = -metrics::focusRingWidth; // for a ring within 
 void setRing(QWidget& widget, const RingShape& shape);
 [[nodiscard]] bool hasRing(const QWidget& widget);
 
-/// Draws the ring around the widget that has the keyboard's focus, in every window.
+/// Draws the ring around the widget that has the keyboard's focus, in every window. What the
+/// keyboard reaches it also scrolls into view.
 class FocusRing : public QObject {
     Q_OBJECT
 

@@ -158,7 +158,7 @@ void GeneralSettingsView::retranslate() {
         m_languages->setItemText(static_cast<int>(index), toQString(label(appLanguages.at(index))));
     m_restartText->setText(
         toQString(localized("Für die vollständige Umstellung die App neu starten.")));
-    m_restart->setText(toQString(localized("Jetzt neu starten")));
+    m_restart->setText(withoutMnemonics(localized("Jetzt neu starten")));
     m_refresh.now();
 }
 

@@ -1,11 +1,9 @@
 #include "ui/LinkRow.h"
 
 #include "ui/FocusRing.h"
-#include "ui/HelpTags.h"
 #include "ui/Metrics.h"
 #include "ui/Theme.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 
 #include <utility>
@@ -39,18 +37,7 @@ void LinkRow::paintEvent(QPaintEvent* event) {
     theme().drawSymbol(painter,
                        {line.right() + 1 - metrics::linkArrow, 0, metrics::linkArrow, height()},
                        "arrow.up.right", metrics::linkArrow, Tone::secondary);
-    painter.setFont(font());
-    painter.setPen(theme().colours().text);
-    painter.drawText(titleRect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     fontMetrics().elidedText(title(), Qt::ElideRight, titleRect().width()));
-}
-
-bool LinkRow::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip ||
-        fontMetrics().horizontalAdvance(title()) <= titleRect().width())
-        return PaintedButton::event(event);
-    showHelpTag(*static_cast<QHelpEvent*>(event), title(), *this);
-    return true;
+    drawTitle(painter);
 }
 
 } // namespace veridane::ui

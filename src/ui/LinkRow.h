@@ -20,11 +20,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    bool event(QEvent* event) override;
+    [[nodiscard]] QRect titleRect() const override;
 
 private:
-    [[nodiscard]] QRect titleRect() const;
-
     std::string m_symbol;
 };
 

@@ -2,7 +2,6 @@
 
 #include "coordination/MakerSite.h"
 #include "coordination/Workspace.h"
-#include "platform/HttpTarget.h"
 #include "platform/Language.h"
 #include "ui/BrandPicture.h"
 #include "ui/ButtonRole.h"
@@ -19,19 +18,8 @@
 
 #include <cstddef>
 #include <utility>
-#include <variant>
 
 namespace veridane::ui {
-namespace {
-
-/// Whether a browser can be sent there. Anything else that the list names would start some other
-/// program, or none.
-bool isWebAddress(const std::string& address) {
-    const auto url = Url::parse(address);
-    return url && std::holds_alternative<HttpTarget>(HttpTarget::of(*url));
-}
-
-} // namespace
 
 MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme& theme,
                      QWidget* parent)
@@ -62,7 +50,6 @@ MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme&
 
 QWidget* MakerCard::makeCatalogue() {
     auto* catalogue = new QWidget;
-    catalogue->setObjectName(QStringLiteral("catalogue"));
     catalogue->setLayout(m_rowColumn);
     m_rowColumn->setContentsMargins(0, metrics::space4, 0, 0);
     m_rowColumn->addWidget(m_catalogueTitle);
@@ -78,6 +65,7 @@ void MakerCard::setApps(std::vector<MirefoldApp> apps) {
     }
     while (m_rows.size() < m_apps.size()) {
         auto* row = new CatalogueRow(m_pictures, m_theme);
+        row->setObjectName(QStringLiteral("catalogueRow"));
         connect(row, &QAbstractButton::clicked, this,
                 [this, index = m_rows.size()] { open(m_apps[index]); });
         m_rows.push_back(row);
@@ -92,7 +80,7 @@ void MakerCard::setCatalogueVisible(bool isVisible) {
 }
 
 void MakerCard::open(const MirefoldApp& app) {
-    m_workspace.openAddress(isWebAddress(app.url) ? app.url : MakerSite::root());
+    m_workspace.openAddress(AppCatalogue::destination(app));
 }
 
 void MakerCard::changeEvent(QEvent* event) {

@@ -1,7 +1,7 @@
 #include "ui/NetworkPaths.h"
 
 #include "platform/NetworkLinks.h"
-#include "ui/LinkWatcher.h"
+#include "ui/NetworkLinkWatcher.h"
 
 #include <QObject>
 
@@ -53,7 +53,7 @@ QNetworkInformation* toolkitsNetwork() {
 std::unique_ptr<PathWatcher> makePathWatcher() {
     if (QNetworkInformation* const network = toolkitsNetwork())
         return std::make_unique<ToolkitWatcher>(*network);
-    return std::make_unique<LinkWatcher>(NetworkLinks::openNews(), &NetworkLinks::hasWayOut);
+    return std::make_unique<NetworkLinkWatcher>(NetworkLinks::openNews(), &NetworkLinks::hasWayOut);
 }
 
 PathStatus pathStatus(QNetworkInformation::Reachability reachability, bool hasWayOut) {

@@ -1,11 +1,14 @@
 #include "ui/PaintedButton.h"
 
+#include "ui/HelpTags.h"
 #include "ui/Painting.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
 #include <QAccessibleWidget>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace veridane::ui {
 namespace {
@@ -96,6 +99,22 @@ void PaintedButton::paintState(QPainter& painter, int radius) const {
         painting::fillRounded(painter, rect(), radius, m_theme.colours().pressed);
     else if (isEnabled() && underMouse())
         painting::fillRounded(painter, rect(), radius, m_theme.colours().hover);
+}
+
+void PaintedButton::drawTitle(QPainter& painter) const {
+    const QRect line = titleRect();
+    painter.setFont(font());
+    painter.setPen(m_theme.colours().text);
+    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     fontMetrics().elidedText(m_title, Qt::ElideRight, line.width()));
+}
+
+bool PaintedButton::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || titleRect().isNull() ||
+        fontMetrics().horizontalAdvance(m_title) <= titleRect().width())
+        return QPushButton::event(event);
+    showHelpTag(*static_cast<QHelpEvent*>(event), m_title, *this);
+    return true;
 }
 
 void PaintedButton::keyPressEvent(QKeyEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QPushButton>
+#include <QRect>
 
 #include <cstddef>
 #include <string_view>
@@ -34,6 +35,13 @@ protected:
     /// Lays the fill of a hovered or pressed button over its background.
     void paintState(QPainter& painter, int radius) const;
 
+    /// Where `drawTitle` puts the title; null for a button that draws it in its own way.
+    [[nodiscard]] virtual QRect titleRect() const { return {}; }
+    /// On one line, in the widget's font. What does not fit is cut at its end, and then the whole
+    /// title is the help tag.
+    void drawTitle(QPainter& painter) const;
+
+    bool event(QEvent* event) override;
     void nextCheckState() override {}
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -23,7 +23,7 @@ constexpr std::size_t mostAtOnce = 8;             // and so many of them in memo
 
 bool isSuccess(const HttpOutcome& outcome) {
     const auto* const status = std::get_if<HttpStatus>(&outcome);
-    return status && status->code >= 200 && status->code <= 299;
+    return status && status->isSuccess();
 }
 
 } // namespace

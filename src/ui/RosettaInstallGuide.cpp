@@ -15,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -62,11 +61,6 @@ RosettaInstallGuide::RosettaInstallGuide(Workspace& workspace, const Theme& them
     column->addWidget(m_note);
     column->addLayout(makeClosingRow());
     retranslate();
-}
-
-void RosettaInstallGuide::after(std::chrono::milliseconds time, QObject* context,
-                                std::function<void()> task) {
-    QTimer::singleShot(time, context, std::move(task));
 }
 
 QLayout* RosettaInstallGuide::makeTitle() {

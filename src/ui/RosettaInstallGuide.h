@@ -2,7 +2,6 @@
 
 #include "ui/CommandBox.h"
 
-#include <QString>
 #include <QWidget>
 
 #include <array>
@@ -28,9 +27,9 @@ class RosettaInstallGuide : public QWidget {
 public:
     static constexpr const char* command = "softwareupdate --install-rosetta";
 
-    /// `workspace` and `theme` must outlive the guide. `delay` is the time's own unless a test
-    /// gives another.
-    RosettaInstallGuide(Workspace& workspace, const Theme& theme, CommandBox::Delay delay = after);
+    /// `workspace` and `theme` must outlive the guide. A test gives a `delay` of its own.
+    RosettaInstallGuide(Workspace& workspace, const Theme& theme,
+                        CommandBox::Delay delay = CommandBox::after);
 
 Q_SIGNALS:
     void closeRequested();
@@ -44,7 +43,6 @@ private:
         WrapLabel* text;
     };
 
-    static void after(std::chrono::milliseconds time, QObject* context, std::function<void()> task);
     [[nodiscard]] QLayout* makeTitle();
     [[nodiscard]] QLayout* makeStep(std::size_t index);
     [[nodiscard]] QLayout* makeManualWay(CommandBox::Delay delay);

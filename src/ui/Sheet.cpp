@@ -9,7 +9,6 @@
 #include <QCloseEvent>
 #include <QGraphicsOpacityEffect>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
@@ -179,7 +178,6 @@ void Sheet::closeEvent(QCloseEvent* event) {
     hide(); // before the focus goes, which would come back
     if (m_focusBefore)
         m_focusBefore->setFocus(Qt::OtherFocusReason);
-    Q_EMIT closed();
 }
 
 void Sheet::paintEvent(QPaintEvent* event) {

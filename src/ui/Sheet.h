@@ -27,9 +27,6 @@ public:
 
     [[nodiscard]] QWidget* content() const { return m_content; }
 
-Q_SIGNALS:
-    void closed();
-
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;

@@ -1,12 +1,10 @@
 #include "ui/SidebarRow.h"
 
 #include "ui/FocusRing.h"
-#include "ui/HelpTags.h"
 #include "ui/Painting.h"
 #include "ui/TabularText.h"
 #include "ui/Text.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 
 #include <utility>
@@ -42,21 +40,10 @@ void SidebarRow::paintEvent(QPaintEvent* event) {
     paintState(painter, metrics::sidebarRowRadius);
     theme().drawSymbol(painter, {metrics::space6, 0, metrics::sidebarSymbolBox, height()},
                        m_look.symbol, m_look.symbolSize, m_look.tone);
-    painter.setFont(font());
-    painter.setPen(colours.text);
-    painter.drawText(titleRect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     fontMetrics().elidedText(title(), Qt::ElideRight, titleRect().width()));
+    drawTitle(painter);
     painter.setFont(theme().font(TextStyle::callout));
     painter.setPen(colours.secondary);
     tabular::draw(painter, rect().adjusted(0, 0, -metrics::space6, 0), Qt::AlignRight, count());
-}
-
-bool SidebarRow::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip ||
-        fontMetrics().horizontalAdvance(title()) <= titleRect().width())
-        return PaintedButton::event(event);
-    showHelpTag(*static_cast<QHelpEvent*>(event), title(), *this);
-    return true;
 }
 
 } // namespace veridane::ui

@@ -28,11 +28,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    bool event(QEvent* event) override;
+    [[nodiscard]] QRect titleRect() const override;
 
 private:
-    [[nodiscard]] QRect titleRect() const;
-
     Look m_look;
 };
 

@@ -34,18 +34,17 @@ WelcomeView::WelcomeView(WelcomeServices services, const Theme& theme)
       m_makerCard(new MakerCard(m_pictures, services.workspace, theme)) {
     setObjectName(QStringLiteral("WelcomeView"));
     setMaximumSize(theme.scaled(metrics::welcomeWidth), theme.scaled(metrics::welcomeHeight));
-    auto* page = makeScrollArea(makePage());
-    page->setObjectName(QStringLiteral("welcomeScrollArea"));
-    setRing(*page, {.gap = insideGap, .radius = metrics::sheetRadius});
+    m_page = makeScrollArea(makePage());
+    m_page->setObjectName(QStringLiteral("welcomeScrollArea"));
+    setRing(*m_page, {.gap = insideGap, .radius = metrics::sheetRadius});
     auto* column = makeColumn(this);
-    column->addWidget(page, 1);
+    column->addWidget(m_page, 1);
     column->addWidget(new Divider(theme));
     column->addWidget(makeBottomBar());
 
     m_refresh.on(m_network.isOnline());
     m_refresh.on(m_apps);
     retranslate();
-    page->setAccessibleName(m_title->text());
 }
 
 WelcomeView::~WelcomeView() {
@@ -149,6 +148,7 @@ void WelcomeView::changeEvent(QEvent* event) {
 void WelcomeView::retranslate() {
     m_title->setText(toQString(localized("Willkommen bei Veridane")));
     setAccessibleName(m_title->text());
+    m_page->setAccessibleName(m_title->text());
     m_subtitle->setText(toQString(localized("Dein Begleiter für den Übergang zu macOS 27")));
     m_introduction->setText(toQString(
         localized("Apple lässt Rosetta 2 – die Übersetzung, mit der Intel-Apps auf Apple Silicon "

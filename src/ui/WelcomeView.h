@@ -12,6 +12,7 @@
 #include <vector>
 
 class QPushButton;
+class QScrollArea;
 
 namespace veridane {
 class HttpClient;
@@ -55,8 +56,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    struct Task;
-
     [[nodiscard]] QWidget* makePage();
     [[nodiscard]] QLayout* makeGreeting();
     [[nodiscard]] QLayout* makeFeatures();
@@ -77,6 +76,7 @@ private:
     std::shared_ptr<WelcomeView*> m_self; // answers that come too late find it gone
     Refresh m_refresh;
 
+    QScrollArea* m_page = nullptr;
     Label* m_title = nullptr;
     WrapLabel* m_subtitle = nullptr;
     WrapLabel* m_introduction = nullptr;

@@ -36,10 +36,10 @@ bool isNewerThan(const AppcastEntry& entry, const Text& installedVersion,
     return false;
 }
 
-UpdateCheckResult feedResult(int status, const std::optional<AppcastEntry>& entry,
+UpdateCheckResult feedResult(HttpStatus status, const std::optional<AppcastEntry>& entry,
                              const Text& installedVersion, const Text& installedBuild) {
-    if (status < 200 || status > 299)
-        return UpdateCheckResult::failed("HTTP " + std::to_string(status));
+    if (!status.isSuccess())
+        return UpdateCheckResult::failed("HTTP " + std::to_string(status.code));
     if (!entry)
         return UpdateCheckResult::failed(localized("Appcast nicht lesbar"));
     const std::string latest = entry->shortVersion.value_or(entry->version.value_or("?"));
@@ -55,8 +55,8 @@ void fetchAppcast(const Url& url, const Text& installedVersion, const Text& inst
          onResult = std::move(onResult)](const HttpOutcome& outcome) {
             if (const auto* error = std::get_if<TransportError>(&outcome))
                 return onResult(resultOf(*error));
-            onResult(feedResult(std::get<HttpStatus>(outcome).code, parser->finish(),
-                                installedVersion, installedBuild));
+            onResult(feedResult(std::get<HttpStatus>(outcome), parser->finish(), installedVersion,
+                                installedBuild));
         });
 }
 

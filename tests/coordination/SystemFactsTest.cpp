@@ -1,3 +1,4 @@
+#include "coordination/ProgramVersion.h"
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
 #include "support/HandDrivenWatcher.h"
@@ -41,6 +42,32 @@ TEST_F(SystemFacts, RosettaIsLookedForAndTheVersionReadOnTheVolume) {
     plist.push_back({"ProductBuildVersion", "23F79"});
     volume.plist(path, plist);
     EXPECT_EQ(version(), "Version 14.5 (Build 23F79)");
+}
+
+TEST_F(SystemFacts, TheProgramsVersionIsThatOfTheBundleThatItRunsFrom) {
+    const FileSystem files = volume.files();
+    const auto inBundle = [this](const char* name, const PlistDictionary& list) {
+        volume.plist(std::string("/") + name + ".app/Contents/Info.plist", list);
+    };
+    inBundle("Both", {{"CFBundleShortVersionString", "2.3"}, {"CFBundleVersion", "45"}});
+    inBundle("NoBuild", {{"CFBundleShortVersionString", "2.3"}});
+    inBundle("NoText", {{"CFBundleShortVersionString", 2}, {"CFBundleVersion", PlistList{"45"}}});
+    volume.file("/Broken.app/Contents/Info.plist", "<plist>").fifo("/Pipe.app/Contents/Info.plist");
+    const struct {
+        const char* program;
+        const char* text;
+    } cases[] = {
+        {"/Both.app/Contents/MacOS/Veridane", "2.3 (45)"},
+        {"/NoBuild.app/Contents/MacOS/Veridane", "2.3 (1)"},
+        {"/NoText.app/Contents/MacOS/Veridane", "1.0 (1)"},
+        {"/Broken.app/Contents/MacOS/Veridane", "1.0 (1)"},
+        {"/Pipe.app/Contents/MacOS/Veridane", "1.0 (1)"},
+        {"/Both.app/Contents/Helpers/Veridane", "1.0 (1)"}, // the product's own
+        {"/usr/bin/veridane", "1.0 (1)"},
+        {"", "1.0 (1)"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(programVersion(files, Path(c.program)), c.text) << c.program;
 }
 
 TEST(NetworkMonitor, FollowsTheWatcherOnTheMainThreadAlone) {

@@ -6,6 +6,7 @@
 #include "ui/Relauncher.h"
 #include "ui/SavePanel.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #include "platform/DrainedQueue.h"
 #include "platform/NetworkLinks.h"
-#include "ui/LinkWatcher.h"
+#include "ui/NetworkLinkWatcher.h"
 
 #include <QCoreApplication>
 
@@ -21,7 +21,7 @@ TEST(NetworkPaths, ALinkWatcherTellsThePresentStateAndEachChangeUntilItIsCancell
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends), 0);
     const Descriptor kernel(ends[0]);
     bool hasWayOut = false;
-    LinkWatcher watcher(Descriptor(ends[1]), [&] { return hasWayOut; });
+    NetworkLinkWatcher watcher(Descriptor(ends[1]), [&] { return hasWayOut; });
     std::vector<PathStatus> seen;
     const auto record = [&](PathStatus status) {
         seen.push_back(status);
@@ -45,7 +45,8 @@ TEST(NetworkPaths, ALinkWatcherTellsThePresentStateAndEachChangeUntilItIsCancell
 
 TEST(NetworkPaths, AMonitorIsToldByAnyWatcherWithoutWaitingForAChange) {
     DrainedQueue queue;
-    NetworkMonitor blind(std::make_unique<LinkWatcher>(Descriptor(), [] { return false; }), queue);
+    NetworkMonitor blind(std::make_unique<NetworkLinkWatcher>(Descriptor(), [] { return false; }),
+                         queue);
     blind.start();
     NetworkMonitor systems(makePathWatcher(), queue), cancelled(makePathWatcher(), queue);
     systems.start();

@@ -8,7 +8,6 @@
 #include "ui/WindowFixture.h"
 
 #include <QBuffer>
-#include <QByteArray>
 #include <QImageWriter>
 
 #include <gtest/gtest.h>

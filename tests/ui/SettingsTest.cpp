@@ -4,7 +4,6 @@
 #include "ui/Relauncher.h"
 #include "ui/SettingsView.h"
 #include "ui/Text.h"
-#include "ui/VersionText.h"
 #include "ui/WindowFixture.h"
 
 #include <QAbstractButton>
@@ -293,31 +292,6 @@ TEST_F(SettingsTest, BothPagesFollowTheLanguageWhileTheyAreOpen) {
               QStringLiteral("Small tools that know their place. Discover All Apps"));
     language.apply(AppLanguage::german);
     turn();
-}
-
-TEST_F(SettingsTest, TheVersionIsThatOfTheBundleThatTheProgramRunsFrom) {
-    const auto inBundle = [this](const char* name, const PlistDictionary& list) {
-        volume.plist(std::string("/") + name + ".app/Contents/Info.plist", list);
-    };
-    inBundle("Both", {{"CFBundleShortVersionString", "2.3"}, {"CFBundleVersion", "45"}});
-    inBundle("NoBuild", {{"CFBundleShortVersionString", "2.3"}});
-    inBundle("NoText", {{"CFBundleShortVersionString", 2}, {"CFBundleVersion", PlistList{"45"}}});
-    volume.file("/Broken.app/Contents/Info.plist", "<plist>").fifo("/Pipe.app/Contents/Info.plist");
-    const struct {
-        const char* program;
-        const char* text;
-    } cases[] = {
-        {"/Both.app/Contents/MacOS/Veridane", "2.3 (45)"},
-        {"/NoBuild.app/Contents/MacOS/Veridane", "2.3 (1)"},
-        {"/NoText.app/Contents/MacOS/Veridane", "1.0 (1)"},
-        {"/Broken.app/Contents/MacOS/Veridane", "1.0 (1)"},
-        {"/Pipe.app/Contents/MacOS/Veridane", "1.0 (1)"},
-        {"/Both.app/Contents/Helpers/Veridane", "1.0 (1)"}, // the product's own
-        {"/usr/bin/veridane", "1.0 (1)"},
-        {"", "1.0 (1)"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(versionTextOf(files, Path(c.program)), c.text) << c.program;
 }
 
 } // namespace

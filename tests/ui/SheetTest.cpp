@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
 #include <QVariantAnimation>
@@ -110,15 +109,12 @@ TEST_F(SheetTest, ItStandsInTheMiddleAndIsAsHighAsItsTexts) {
         const QPoint off = guide->geometry().center() - window.rect().center();
         return off.manhattanLength() <= 2;
     };
-    QSignalSpy spy(sheet, &Sheet::closed);
     sheet->findChild<QVariantAnimation*>()->setCurrentTime(1000);
     EXPECT_EQ(guide->size(), QSize(480, guide->heightForWidth(480)));
     EXPECT_TRUE(isCentred());
     window.resize(1200, 900);
     turn();
     EXPECT_TRUE(isCentred());
-    window.close();
-    EXPECT_EQ(spy.count(), 0) << "it goes with the window";
 }
 
 TEST_F(SheetTest, TheCommandIsCopiedAndSaidToBeForAWhile) {

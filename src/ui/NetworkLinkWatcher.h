@@ -12,11 +12,11 @@ namespace veridane::ui {
 
 /// Watches the way to the network by asking for it whenever there is news of it. For the main
 /// thread, where it also calls.
-class LinkWatcher : public PathWatcher {
+class NetworkLinkWatcher : public PathWatcher {
 public:
     /// `news` is one of `NetworkLinks::openNews`. Where it is none, the machine counts as online:
     /// an "offline" that nothing takes back would hide things for good.
-    LinkWatcher(Descriptor news, std::function<bool()> hasWayOut);
+    NetworkLinkWatcher(Descriptor news, std::function<bool()> hasWayOut);
 
     /// The first call of `onPath` is within this one.
     void start(std::function<void(PathStatus)> onPath) override;

@@ -1,4 +1,4 @@
-#include "ui/LinkWatcher.h"
+#include "ui/NetworkLinkWatcher.h"
 
 #include "platform/NetworkLinks.h"
 
@@ -6,10 +6,10 @@
 
 namespace veridane::ui {
 
-LinkWatcher::LinkWatcher(Descriptor news, std::function<bool()> hasWayOut)
+NetworkLinkWatcher::NetworkLinkWatcher(Descriptor news, std::function<bool()> hasWayOut)
     : m_news(std::move(news)), m_hasWayOut(std::move(hasWayOut)) {}
 
-void LinkWatcher::start(std::function<void(PathStatus)> onPath) {
+void NetworkLinkWatcher::start(std::function<void(PathStatus)> onPath) {
     if (m_isCancelled)
         return;
     m_onPath = std::move(onPath);
@@ -21,13 +21,13 @@ void LinkWatcher::start(std::function<void(PathStatus)> onPath) {
     m_onPath(m_hasWayOut() ? PathStatus::satisfied : PathStatus::unsatisfied);
 }
 
-void LinkWatcher::cancel() {
+void NetworkLinkWatcher::cancel() {
     m_isCancelled = true;
     if (m_notifier)
         m_notifier->setEnabled(false); // not deleted: it may be calling us
 }
 
-void LinkWatcher::take() {
+void NetworkLinkWatcher::take() {
     const bool goesOn = NetworkLinks::takeNews(m_news);
     m_notifier->setEnabled(goesOn);
     m_onPath(!goesOn || m_hasWayOut() ? PathStatus::satisfied : PathStatus::unsatisfied);

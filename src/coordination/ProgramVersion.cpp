@@ -1,11 +1,12 @@
-#include "ui/VersionText.h"
+#include "coordination/ProgramVersion.h"
 
 #include "platform/PropertyList.h"
 #include "platform/Version.h"
 
+#include <optional>
 #include <string_view>
 
-namespace veridane::ui {
+namespace veridane {
 namespace {
 
 /// What describes the bundle of an executable, if there is one around it.
@@ -18,22 +19,22 @@ std::optional<Path> propertyListBeside(const Path& executable) {
     return Path(folder.substr(0, folder.size() - inBundle.size())) / "Contents/Info.plist";
 }
 
-} // namespace
-
-std::string versionText(const std::optional<std::string>& shortVersion,
-                        const std::optional<std::string>& build) {
-    return shortVersion.value_or("1.0") + " (" + build.value_or("1") + ")";
+std::string withBuild(const std::optional<std::string>& version,
+                      const std::optional<std::string>& build) {
+    return version.value_or("1.0") + " (" + build.value_or("1") + ")";
 }
 
-std::string versionTextOf(const FileSystem& files, const Path& executable) {
+} // namespace
+
+std::string programVersion(const FileSystem& files, const Path& executable) {
     const auto path = propertyListBeside(executable);
     if (!path || !files.exists(*path))
-        return versionText(productVersion, std::nullopt);
+        return withBuild(productVersion, std::nullopt);
     const auto bytes = files.readWhole(*path, PropertyList::maxFileSize);
     const auto list = bytes ? PropertyList::parse(ByteView(*bytes)) : std::nullopt;
     if (!list)
-        return versionText(std::nullopt, std::nullopt);
-    return versionText(list->text("CFBundleShortVersionString"), list->text("CFBundleVersion"));
+        return withBuild(std::nullopt, std::nullopt);
+    return withBuild(list->text("CFBundleShortVersionString"), list->text("CFBundleVersion"));
 }
 
-} // namespace veridane::ui
+} // namespace veridane
