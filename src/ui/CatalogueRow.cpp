@@ -1,6 +1,5 @@
 #include "ui/CatalogueRow.h"
 
-#include "platform/Text.h"
 #include "ui/FocusRing.h"
 #include "ui/HelpTags.h"
 #include "ui/Metrics.h"
@@ -24,11 +23,13 @@ CatalogueRow::CatalogueRow(PictureLoader& pictures, const Theme& theme, QWidget*
 }
 
 void CatalogueRow::setApp(const MirefoldApp& app) {
-    if (app.iconURL != m_app.iconURL)
+    if (app.iconURL != m_app.iconURL) {
         m_icon = {};
+        m_wish.reset();
+    }
     m_app = app;
-    setTitle(text::printable(app.name));
-    m_tagline = toQString(text::printable(app.tagline));
+    setTitle(shown(app.name).toStdString());
+    m_tagline = shown(app.tagline);
     setAccessibleDescription(m_tagline);
     update();
 }
@@ -37,15 +38,16 @@ void CatalogueRow::setApp(const MirefoldApp& app) {
 // machine was offline.
 void CatalogueRow::showEvent(QShowEvent* event) {
     PaintedButton::showEvent(event);
-    if (!m_icon.isNull() || !m_app.iconURL)
+    if (!m_icon.isNull() || !m_app.iconURL || !m_wish.expired())
         return;
-    m_pictures.load(*m_app.iconURL,
-                    [row = QPointer(this), address = m_app.iconURL](const QImage& picture) {
-                        if (!row || row->m_app.iconURL != address)
-                            return;
-                        row->m_icon = picture;
-                        row->update();
-                    });
+    const auto wish = std::make_shared<const std::string>(*m_app.iconURL);
+    m_wish = wish; // which ends with the handler, also where no picture comes
+    m_pictures.load(*wish, [row = QPointer(this), wish](const QImage& picture) {
+        if (!row || row->m_app.iconURL != *wish)
+            return;
+        row->m_icon = picture;
+        row->update();
+    });
 }
 
 QSize CatalogueRow::sizeHint() const {

@@ -5,6 +5,9 @@
 
 #include <QImage>
 
+#include <memory>
+#include <string>
+
 namespace veridane::ui {
 
 class PictureLoader;
@@ -35,6 +38,7 @@ private:
     MirefoldApp m_app;
     QString m_tagline;
     QImage m_icon;
+    std::weak_ptr<const std::string> m_wish; // the address of an icon that is on its way
 };
 
 } // namespace veridane::ui

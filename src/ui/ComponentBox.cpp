@@ -1,7 +1,6 @@
 #include "ui/ComponentBox.h"
 
 #include "platform/Language.h"
-#include "platform/Text.h"
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SelectableLabel.h"
@@ -59,7 +58,7 @@ SelectableLabel& ComponentBox::row(std::size_t index) {
 void ComponentBox::showComponents(const std::vector<std::string>& components) {
     const std::size_t named = std::min(components.size(), maxNamedComponents);
     for (std::size_t index = 0; index < named; ++index) {
-        row(index).setText(toQString(text::printable(components[index])));
+        row(index).setText(shown(components[index]));
         row(index).show();
     }
     for (std::size_t index = named; index < m_rows.size(); ++index)

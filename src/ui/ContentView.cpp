@@ -166,16 +166,23 @@ void ContentView::runStartTask() {
         coordinator.startScan();
 }
 
+/// One at a time: assistive technology can press what lies behind a sheet.
+template <typename View>
+void ContentView::openSheet(std::unique_ptr<View> view, void (View::*endOfView)()) {
+    if (m_sheet && m_sheet->isVisible())
+        return;
+    View* const content = view.release();
+    m_sheet = new Sheet(m_services.theme, content, *this);
+    connect(content, endOfView, m_sheet, &QWidget::close);
+}
+
 void ContentView::showWelcome() {
-    WelcomeView* const welcome = m_services.makeWelcome().release();
-    auto* sheet = new Sheet(m_services.theme, welcome, *this);
-    connect(welcome, &WelcomeView::dismissed, sheet, &QWidget::close);
+    openSheet(m_services.makeWelcome(), &WelcomeView::dismissed);
 }
 
 void ContentView::showRosettaGuide() {
-    auto* guide = new RosettaInstallGuide(m_services.workspace, m_services.theme);
-    auto* sheet = new Sheet(m_services.theme, guide, *this);
-    connect(guide, &RosettaInstallGuide::closeRequested, sheet, &QWidget::close);
+    openSheet(std::make_unique<RosettaInstallGuide>(m_services.workspace, m_services.theme),
+              &RosettaInstallGuide::closeRequested);
 }
 
 } // namespace veridane::ui

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <functional>
 #include <memory>
@@ -19,6 +20,7 @@ namespace veridane::ui {
 class Preferences;
 class ResultsTableView;
 class SavePanel;
+class Sheet;
 class Theme;
 class WelcomeView;
 
@@ -57,6 +59,8 @@ private:
     void runStartTask();
     void showWelcome();
     void showRosettaGuide();
+    template <typename View>
+    void openSheet(std::unique_ptr<View> view, void (View::*endOfView)());
     [[nodiscard]] QWidget* makeContentColumn();
     void restoreLayout();
     void saveLayout();
@@ -65,6 +69,7 @@ private:
     std::vector<std::string> m_launchArguments;
     bool m_hasStarted = false;
     ResultsTableView* m_results = nullptr;
+    QPointer<Sheet> m_sheet;   // the one that is open
     QSplitter* m_outerColumns; // the sidebar and the rest
     QSplitter* m_innerColumns; // content and details
 };

@@ -1,7 +1,6 @@
 #include "ui/DetailHeader.h"
 
 #include "model/ScanItem.h"
-#include "platform/Text.h"
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SymbolLabel.h"
@@ -31,7 +30,7 @@ DetailHeader::DetailHeader(const Theme& theme, QWidget* parent)
 
 void DetailHeader::showItem(const ScanItem& item) {
     m_symbol->setSymbol(symbolName(item.kind), Tone::accent);
-    m_name->setText(toQString(text::printable(item.name)));
+    m_name->setText(shown(item.name));
     m_kind->setText(toQString(displayName(item.kind)));
 }
 

@@ -2,7 +2,6 @@
 
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
-#include "platform/Text.h"
 #include "ui/ActionButtons.h"
 #include "ui/ComponentBox.h"
 #include "ui/DetailHeader.h"
@@ -87,13 +86,17 @@ void DetailView::refresh() {
 
 void DetailView::showItem(const ScanItem& item) {
     const Recommendation recommendation = m_coordinator.recommendation(item);
-    m_scrollArea->setAccessibleName(toQString(text::printable(item.name)));
+    // All changes are one: each row that appears would have all the others laid out anew.
+    QLayout& blocks = *m_scrollArea->widget()->layout();
+    blocks.setEnabled(false);
+    m_scrollArea->setAccessibleName(shown(item.name));
     m_header->showItem(item);
     m_verdict->showRecommendation(recommendation);
     m_facts->showItem(item);
     m_components->showComponents(item.intelComponents);
     m_updates->showItem(item);
     m_actions->showFor(recommendation.urgency);
+    blocks.setEnabled(true);
     if (std::exchange(m_shown, item.id) != item.id)
         m_scrollArea->verticalScrollBar()->setValue(0);
 }

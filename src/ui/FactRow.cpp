@@ -1,6 +1,5 @@
 #include "ui/FactRow.h"
 
-#include "platform/Text.h"
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/SelectableLabel.h"
@@ -28,7 +27,7 @@ void FactRow::setFact(std::string_view title, const std::optional<std::string>& 
     m_title->setText(toQString(title));
     setVisible(value.has_value());
     if (value)
-        m_value->setText(toQString(text::printable(*value)));
+        m_value->setText(shown(*value));
 }
 
 } // namespace veridane::ui

@@ -3,6 +3,8 @@
 #include "platform/NetworkLinks.h"
 #include "ui/NetworkLinkWatcher.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QObject>
 
 #include <functional>
@@ -39,9 +41,28 @@ private:
     bool m_isCancelled = false;
 };
 
+/// Whether the toolkit can ask the system's service without waiting for an answer that never comes:
+/// it would wait for 25 seconds, and the window with it.
+bool isServiceAnswering() {
+#ifdef Q_OS_LINUX
+    constexpr int patience = 500; // milliseconds; a service that runs takes one
+    auto question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.NetworkManager"),
+        QStringLiteral("/org/freedesktop/NetworkManager"),
+        QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+    question.setAutoStartService(false);
+    const QDBusMessage answer = QDBusConnection::systemBus().call(question, QDBus::Block, patience);
+    return answer.type() == QDBusMessage::ReplyMessage;
+#else
+    return true;
+#endif
+}
+
 /// The system's own one, which is NetworkManager on Linux, and no other that merely has the
 /// feature: GLib's is silent in an event loop that is not GLib's. Null where that does not run.
 QNetworkInformation* toolkitsNetwork() {
+    if (!isServiceAnswering())
+        return nullptr;
     QNetworkInformation::loadDefaultBackend();
     QNetworkInformation* const network = QNetworkInformation::instance();
     return network && network->supports(QNetworkInformation::Feature::Reachability) ? network

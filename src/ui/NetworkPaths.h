@@ -10,7 +10,7 @@ namespace veridane::ui {
 
 /// The watcher of this system: the toolkit's where it follows the service that manages the
 /// network, else one of the kernel's own news. Where there is neither, the machine counts as
-/// online. For the main thread, where it also calls. The first one waits for that service's answer.
+/// online. For the main thread, where it also calls.
 [[nodiscard]] std::unique_ptr<PathWatcher> makePathWatcher();
 
 /// What the toolkit's word for it means. Where that is "unknown", it is up to `hasWayOut`.

@@ -176,8 +176,11 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
 void Sheet::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
     hide(); // before the focus goes, which would come back
-    if (m_focusBefore)
-        m_focusBefore->setFocus(Qt::OtherFocusReason);
+    // What had it may be hidden or disabled by now; the window knows where it goes then.
+    const bool canHaveIt =
+        m_focusBefore && m_focusBefore->isVisible() && m_focusBefore->isEnabled();
+    QWidget* const next = canHaveIt ? m_focusBefore.data() : window();
+    next->setFocus(Qt::OtherFocusReason);
 }
 
 void Sheet::paintEvent(QPaintEvent* event) {

@@ -290,7 +290,7 @@ void SidebarView::refreshVendors() {
         if (index >= available.size())
             continue;
         vendor = available[index].vendor;
-        row->setTitle(text::printable(vendor));
+        row->setTitle(shown(vendor).toStdString());
         row->setCount(available[index].count);
         if (vendor == filter)
             chosen = row;

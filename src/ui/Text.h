@@ -17,4 +17,8 @@ namespace veridane::ui {
     return toQString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
+/// Text that somebody else has written, as it is shown: without control characters, and cut with
+/// an ellipsis where it is longer than anybody reads.
+[[nodiscard]] QString shown(std::string_view text);
+
 } // namespace veridane::ui

@@ -2,7 +2,6 @@
 
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
-#include "platform/Text.h"
 #include "ui/ButtonRole.h"
 #include "ui/FactRow.h"
 #include "ui/Layouts.h"
@@ -67,7 +66,7 @@ void UpdateBlock::retranslate() {
 void UpdateBlock::showItem(const ScanItem& item) {
     m_source->setFact(localized("Quelle"), displayName(item.updateSource));
     m_appcast->setFact(localized("Appcast"), item.sparkleFeedURL);
-    m_status->setText(toQString(text::printable(displayName(item.updateResult))));
+    m_status->setText(shown(displayName(item.updateResult)));
     m_check->setVisible(canBeAsked(item.updateSource));
 }
 

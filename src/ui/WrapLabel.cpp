@@ -51,6 +51,9 @@ QPoint WrapLabel::origin() const {
 }
 
 int WrapLabel::heightForWidth(int width) const {
+    // Layouts ask for that as well. One line for each character takes seconds for a long text.
+    if (width <= 0)
+        return minimumSizeHint().height();
     return lines(std::min(width, maximumWidth())).size().height();
 }
 
