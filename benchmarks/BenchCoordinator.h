@@ -4,8 +4,8 @@
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
 #include "sample-items/SampleItems.h"
-#include "support/QuietServices.h"
 #include "support/VolumeBuilder.h"
+#include "ui/QuietServices.h"
 
 #include <cstddef>
 #include <memory>

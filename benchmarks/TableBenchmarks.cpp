@@ -1,8 +1,8 @@
 #include "BenchCoordinator.h"
-#include "support/QuietServices.h"
 #include "ui/ApplicationLook.h"
 #include "ui/ContentView.h"
 #include "ui/Preferences.h"
+#include "ui/QuietServices.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 

@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/Interruption.h"
+#include "platform/Environment.h"
 #include "platform/StandardDescriptors.h"
 
 #include <sys/ioctl.h>
@@ -8,18 +9,15 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
-#include <string_view>
 
 namespace {
 
 bool isSet(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value && *value != '\0';
+    return veridane::Environment::variable(variable).has_value();
 }
 
 bool isDumbTerminal() {
-    const char* terminal = std::getenv("TERM");
-    return terminal && std::string_view(terminal) == "dumb";
+    return veridane::Environment::variable("TERM") == "dumb";
 }
 
 std::size_t terminalColumns() {

@@ -1,6 +1,7 @@
 #include "platform/CurlHttpClient.h"
 
 #include "platform/CurlTransfer.h"
+#include "platform/Environment.h"
 #include "platform/TransferQueue.h"
 
 #include <curl/curl.h>
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cassert>
-#include <cstdlib>
 #include <exception>
 #include <limits>
 #include <mutex>
@@ -56,8 +56,7 @@ HttpSettings withAffordableTransfers(HttpSettings settings) {
 
 HttpSettings HttpSettings::ofEnvironment() {
     HttpSettings settings;
-    if (const char* file = std::getenv("SSL_CERT_FILE"); file && *file != '\0')
-        settings.caFile = file;
+    settings.caFile = Environment::variable("SSL_CERT_FILE");
     return settings;
 }
 

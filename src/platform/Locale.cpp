@@ -1,5 +1,6 @@
 #include "platform/Locale.h"
 
+#include "platform/Environment.h"
 #include "platform/Language.h"
 #include "platform/Text.h"
 #include "platform/UnicodeStrings.h"
@@ -14,7 +15,6 @@
 
 #include <array>
 #include <chrono>
-#include <cstdlib>
 
 namespace veridane {
 namespace {
@@ -50,9 +50,8 @@ std::optional<std::string> localeNamed(const char* posixName) {
 /// What the environment says of one of its categories.
 std::optional<std::string> localeOf(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
-        const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0')
-            return localeNamed(value);
+        if (const auto value = Environment::variable(variable))
+            return localeNamed(value->c_str());
     }
     return std::nullopt;
 }

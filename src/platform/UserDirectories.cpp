@@ -1,13 +1,15 @@
 #include "platform/UserDirectories.h"
 
+#include "platform/Environment.h"
+
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <system_error>
+#include <utility>
 
 namespace veridane {
 namespace {
@@ -16,10 +18,8 @@ constexpr mode_t newDirectoryMode = 0700;
 
 /// A relative path in a variable has no meaning that lasts, and counts as none.
 std::optional<std::string> absolutePathIn(const char* variable) {
-    const char* value = std::getenv(variable);
-    if (value == nullptr || *value != '/')
-        return std::nullopt;
-    return value;
+    auto value = Environment::variable(variable);
+    return value && value->starts_with('/') ? std::move(value) : std::nullopt;
 }
 
 bool isDirectory(const std::string& path) {

@@ -1,6 +1,7 @@
 #include "ui/ActionButtons.h"
 
 #include "coordination/ScanCoordinator.h"
+#include "coordination/Workspace.h"
 #include "platform/Language.h"
 #include "ui/ButtonRole.h"
 #include "ui/FittingRowLayout.h"

@@ -18,8 +18,8 @@ public:
     explicit DesktopWorkspace(const std::string& volume = "/",
                               const QDBusConnection& bus = QDBusConnection::sessionBus());
 
-    /// Only what is an address to the letter, with a scheme that this kind of desktop may know
-    /// other than that of files.
+    /// Only what is an address to the letter, with a scheme that this kind of desktop may know, and
+    /// never that of files.
     void openAddress(const std::string& address) override;
 
     /// Selects the entry itself, also if it is a link, or opens its folder where no file manager

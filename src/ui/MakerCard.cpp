@@ -27,9 +27,8 @@ MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme&
       m_workspace(workspace), m_theme(theme),
       m_service(new WrapLabel(theme, TextStyle::calloutMedium)),
       m_invitation(new WrapLabel(theme, TextStyle::callout, Tone::secondary)),
-      m_catalogueTitle(new Label(theme, TextStyle::subheadline)),
-      m_rowColumn(makeColumn(nullptr, metrics::space6)), m_catalogue(makeCatalogue()),
       m_moreApps(new QPushButton) {
+    makeCatalogue();
     for (WrapLabel* label : {m_service, m_invitation})
         label->setAlignment(Qt::AlignCenter);
     m_moreApps->setObjectName(QStringLiteral("moreAppsButton"));
@@ -48,13 +47,13 @@ MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme&
     retranslate();
 }
 
-QWidget* MakerCard::makeCatalogue() {
-    auto* catalogue = new QWidget;
-    catalogue->setLayout(m_rowColumn);
+void MakerCard::makeCatalogue() {
+    m_catalogue = new QWidget;
+    m_catalogueTitle = new Label(m_theme, TextStyle::subheadline);
+    m_rowColumn = makeColumn(m_catalogue, metrics::space6);
     m_rowColumn->setContentsMargins(0, metrics::space4, 0, 0);
     m_rowColumn->addWidget(m_catalogueTitle);
-    catalogue->hide();
-    return catalogue;
+    m_catalogue->hide();
 }
 
 void MakerCard::setApps(std::vector<MirefoldApp> apps) {

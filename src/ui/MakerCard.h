@@ -35,7 +35,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    [[nodiscard]] QWidget* makeCatalogue();
+    void makeCatalogue();
     void open(const MirefoldApp& app);
     void retranslate();
 
@@ -46,10 +46,10 @@ private:
 
     WrapLabel* m_service;
     WrapLabel* m_invitation;
-    Label* m_catalogueTitle;
-    QVBoxLayout* m_rowColumn;
+    QWidget* m_catalogue = nullptr;
+    Label* m_catalogueTitle = nullptr;
+    QVBoxLayout* m_rowColumn = nullptr;
     std::vector<CatalogueRow*> m_rows;
-    QWidget* m_catalogue;
     QPushButton* m_moreApps;
 };
 

@@ -105,6 +105,11 @@ inline constexpr int actionHeight = 30; // of a button over the full width
 // sheets
 inline constexpr int sheetRadius = 14;
 inline constexpr int sheetRise = 8; // while it fades in
+inline constexpr int sheetShadowDrop = 18;
+inline constexpr int sheetShadowBlur = 50;
+inline constexpr int sheetContactShadowDrop = 2; // the narrow one along its edge
+inline constexpr int sheetContactShadowBlur = 8;
+inline constexpr int sheetShadowMargin = 90; // beyond it nothing of both can be seen
 inline constexpr int bannerSymbol = 18;
 inline constexpr int guideWidth = 480;
 inline constexpr int sheetTitleSymbol = 20;

@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QNetworkInformation>
 #include <QObject>
 
 #include <functional>
@@ -12,6 +13,22 @@
 
 namespace veridane::ui {
 namespace {
+
+/// What the toolkit's word for it means.
+PathStatus pathStatus(QNetworkInformation::Reachability reachability, bool hasWayOut) {
+    switch (reachability) {
+    case QNetworkInformation::Reachability::Online:
+    case QNetworkInformation::Reachability::Site:
+        return PathStatus::satisfied;
+    case QNetworkInformation::Reachability::Disconnected:
+    case QNetworkInformation::Reachability::Local:
+        return PathStatus::unsatisfied;
+    case QNetworkInformation::Reachability::Unknown:
+        // NetworkManager's state while it connects, and when the user has switched it off.
+        break;
+    }
+    return hasWayOut ? PathStatus::satisfied : PathStatus::unsatisfied;
+}
 
 /// Follows the toolkit's one object, which lives as long as the application.
 class ToolkitWatcher : public PathWatcher {
@@ -75,21 +92,6 @@ std::unique_ptr<PathWatcher> makePathWatcher() {
     if (QNetworkInformation* const network = toolkitsNetwork())
         return std::make_unique<ToolkitWatcher>(*network);
     return std::make_unique<NetworkLinkWatcher>(NetworkLinks::openNews(), &NetworkLinks::hasWayOut);
-}
-
-PathStatus pathStatus(QNetworkInformation::Reachability reachability, bool hasWayOut) {
-    switch (reachability) {
-    case QNetworkInformation::Reachability::Online:
-    case QNetworkInformation::Reachability::Site:
-        return PathStatus::satisfied;
-    case QNetworkInformation::Reachability::Disconnected:
-    case QNetworkInformation::Reachability::Local:
-        return PathStatus::unsatisfied;
-    case QNetworkInformation::Reachability::Unknown:
-        // NetworkManager's state while it connects, and when the user has switched it off.
-        break;
-    }
-    return hasWayOut ? PathStatus::satisfied : PathStatus::unsatisfied;
 }
 
 } // namespace veridane::ui

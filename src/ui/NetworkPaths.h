@@ -2,8 +2,6 @@
 
 #include "coordination/NetworkMonitor.h"
 
-#include <QNetworkInformation>
-
 #include <memory>
 
 namespace veridane::ui {
@@ -12,8 +10,5 @@ namespace veridane::ui {
 /// network, else one of the kernel's own news. Where there is neither, the machine counts as
 /// online. For the main thread, where it also calls.
 [[nodiscard]] std::unique_ptr<PathWatcher> makePathWatcher();
-
-/// What the toolkit's word for it means. Where that is "unknown", it is up to `hasWayOut`.
-[[nodiscard]] PathStatus pathStatus(QNetworkInformation::Reachability reachability, bool hasWayOut);
 
 } // namespace veridane::ui

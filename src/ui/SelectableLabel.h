@@ -15,7 +15,8 @@ public:
     SelectableLabel(const Theme& theme, TextStyle style, Tone tone = Tone::primary,
                     QWidget* parent = nullptr);
 
-    /// Another text is not selected; the same one stays as it is.
+    /// Another text is not selected; the same one stays as it is. Not through a pointer to
+    /// `QLabel`, whose own keeps the selection.
     void setText(const QString& text);
 
     [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }

@@ -1,5 +1,8 @@
 #include "ui/SheetShadow.h"
 
+#include "ui/Metrics.h"
+#include "ui/ThemeColours.h"
+
 #include <cmath>
 #include <cstddef>
 #include <numbers>
@@ -9,19 +12,15 @@ namespace veridane::ui {
 namespace {
 
 struct Layer {
-    int drop;     // downwards, in pixels
-    double sigma; // of the blur
+    int drop; // downwards
+    int blur;
     double opacity;
 };
 
-constexpr double nearOpacity = 0.12;
-constexpr double farOpacity = 0.26;
-constexpr double darkFarOpacity = 0.60;
-constexpr int shadowMargin = 90; // beyond it nothing of the shadow can be seen
-
 /// How much of a blurred bar from `begin` to `end` is left at each of the places from 0 on. The
 /// blur is so wide that the round corners of the sheet do not show in it.
-std::vector<double> blurredBar(int places, int begin, int end, double sigma) {
+std::vector<double> blurredBar(int places, int begin, int end, int blur) {
+    const double sigma = blur / 2.0;
     const double scale = 1 / (sigma * std::numbers::sqrt2);
     std::vector<double> bar(static_cast<std::size_t>(places));
     for (int place = 0; place < places; ++place) {
@@ -35,16 +34,20 @@ std::vector<double> blurredBar(int places, int begin, int end, double sigma) {
 } // namespace
 
 SheetShadow SheetShadow::of(const QSize& sheet, bool isDark) {
-    const Layer layers[] = {{18, 25, isDark ? darkFarOpacity : farOpacity}, {2, 4, nearOpacity}};
-    const QSize size = sheet.grownBy({shadowMargin, shadowMargin, shadowMargin, shadowMargin});
+    using namespace metrics;
+    const Layer layers[] = {
+        {sheetShadowDrop, sheetShadowBlur,
+         isDark ? opacity::sheetShadowInDark : opacity::sheetShadow},
+        {sheetContactShadowDrop, sheetContactShadowBlur, opacity::sheetContactShadow}};
+    constexpr int margin = sheetShadowMargin;
+    const QSize size = sheet.grownBy({margin, margin, margin, margin});
     std::vector<double> columns[2];
     std::vector<double> rows[2];
     for (std::size_t i = 0; i < 2; ++i) {
         const Layer& layer = layers[i];
-        const int top = shadowMargin + layer.drop;
-        columns[i] =
-            blurredBar(size.width(), shadowMargin, shadowMargin + sheet.width(), layer.sigma);
-        rows[i] = blurredBar(size.height(), top, top + sheet.height(), layer.sigma);
+        const int top = margin + layer.drop;
+        columns[i] = blurredBar(size.width(), margin, margin + sheet.width(), layer.blur);
+        rows[i] = blurredBar(size.height(), top, top + sheet.height(), layer.blur);
     }
     QImage picture(size, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < size.height(); ++y) {
@@ -57,7 +60,7 @@ SheetShadow SheetShadow::of(const QSize& sheet, bool isDark) {
             line[x] = qRgba(0, 0, 0, static_cast<int>(std::lround(255 * (1 - light))));
         }
     }
-    return {sheet, isDark, picture, shadowMargin};
+    return {sheet, isDark, picture, margin};
 }
 
 } // namespace veridane::ui

@@ -47,6 +47,9 @@ inline constexpr double componentBox = 0.08;
 inline constexpr double banner = 0.12;
 inline constexpr double quietFill = 0.5; // of the quaternary fill
 inline constexpr double iconPlaceholder = 0.15;
+inline constexpr double sheetShadow = 0.26; // of black
+inline constexpr double sheetShadowInDark = 0.60;
+inline constexpr double sheetContactShadow = 0.12;
 } // namespace opacity
 
 /// All colours of one appearance.

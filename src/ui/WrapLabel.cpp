@@ -58,7 +58,7 @@ int WrapLabel::heightForWidth(int width) const {
 }
 
 QSize WrapLabel::sizeHint() const {
-    return lines(std::min(maximumWidth(), QWIDGETSIZE_MAX)).size();
+    return lines(maximumWidth()).size();
 }
 
 QSize WrapLabel::minimumSizeHint() const {

@@ -1,3 +1,4 @@
+#include "platform/Environment.h"
 #include "platform/StandardDescriptors.h"
 #include "platform/Text.h"
 #include "ui/LaunchArguments.h"
@@ -42,7 +43,7 @@ bool namesDisplay(const std::vector<std::string>& arguments) {
     return true;
 #else
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (const char* value = std::getenv(variable); value && *value != '\0')
+        if (Environment::variable(variable))
             return true;
     }
     return std::ranges::any_of(arguments, [](const std::string& argument) {

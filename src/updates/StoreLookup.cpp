@@ -1,9 +1,10 @@
 #include "updates/StoreLookup.h"
 
+#include "platform/Environment.h"
+
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
-#include <cstdlib>
 #include <utility>
 
 namespace veridane {
@@ -93,13 +94,11 @@ private:
 } // namespace
 
 std::string storeLookupService() {
-    const char* mirror = std::getenv("VERIDANE_STORE_LOOKUP");
-    return mirror && *mirror != '\0' ? mirror : "https://itunes.apple.com";
+    return Environment::service("VERIDANE_STORE_LOOKUP", "https://itunes.apple.com");
 }
 
 std::optional<Url> storeLookupUrl(std::string_view service, std::string_view bundleIdentifier) {
-    // People end an address in a slash, and to a server "//lookup" is another path.
-    std::string text(service.substr(0, service.find_last_not_of('/') + 1));
+    std::string text(service);
     text.append("/lookup?bundleId=").append(bundleIdentifier).append("&country=de");
     return Url::parse(text);
 }

@@ -1,7 +1,7 @@
+#include "coordination/HandDrivenWatcher.h"
 #include "coordination/ProgramVersion.h"
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
-#include "support/HandDrivenWatcher.h"
 #include "support/VolumeTest.h"
 
 namespace veridane::test {

@@ -1,4 +1,5 @@
 #include "platform/Digest.h"
+#include "platform/Environment.h"
 #include "platform/PercentEncoding.h"
 #include "platform/UserDirectories.h"
 #include "support/VolumeTest.h"
@@ -29,6 +30,16 @@ TEST(UserDirectories, AnAbsoluteVariableComesFirstAndTheUserListLast) {
         set("XDG_DATA_HOME", c.data);
         set("HOME", c.home);
         EXPECT_EQ(userDataDirectory(), c.expected);
+    }
+}
+
+TEST(Environment, AServiceIsWhatItsVariableHoldsWithoutSlashesAtTheEnd) {
+    const std::pair<const char*, const char*> cases[] = {{"http://[::1]:80", "http://[::1]:80"},
+                                                         {"http://a//", "http://a"},
+                                                         {"", "https://built.in"}};
+    for (const auto& [value, service] : cases) {
+        ::setenv("VERIDANE_TRIED", value, 1);
+        EXPECT_EQ(Environment::service("VERIDANE_TRIED", "https://built.in"), service);
     }
 }
 

@@ -1,4 +1,4 @@
-#include "support/QuietServices.h"
+#include "ui/QuietServices.h"
 #include "ui/RosettaInstallGuide.h"
 #include "ui/SettingsView.h"
 #include "ui/Sheet.h"

@@ -1,6 +1,6 @@
 #include "ui/ContentView.h"
 
-#include "support/QuietServices.h"
+#include "ui/QuietServices.h"
 #include "ui/WelcomeView.h"
 #include "ui/WindowFixture.h"
 

@@ -58,16 +58,5 @@ TEST(NetworkPaths, AMonitorIsToldByAnyWatcherWithoutWaitingForAChange) {
     EXPECT_TRUE(!news || NetworkLinks::takeNews(news)) << "the kernel's own, and no waiting";
 }
 
-TEST(NetworkPaths, TheToolkitsWordCountsUnlessItKnowsNothing) {
-    using enum QNetworkInformation::Reachability;
-    for (const bool hasWayOut : {false, true}) {
-        for (const auto online : {Online, Site})
-            EXPECT_EQ(pathStatus(online, hasWayOut), satisfied);
-        for (const auto offline : {Disconnected, Local})
-            EXPECT_EQ(pathStatus(offline, hasWayOut), unsatisfied);
-        EXPECT_EQ(pathStatus(Unknown, hasWayOut), hasWayOut ? satisfied : unsatisfied);
-    }
-}
-
 } // namespace
 } // namespace veridane::ui

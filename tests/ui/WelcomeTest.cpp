@@ -1,6 +1,6 @@
+#include "coordination/HandDrivenWatcher.h"
 #include "coordination/MakerSite.h"
 #include "platform/CurlHttpClient.h"
-#include "support/HandDrivenWatcher.h"
 #include "support/LoopbackServer.h"
 #include "ui/CatalogueRow.h"
 #include "ui/InterfaceLanguage.h"

@@ -2,8 +2,8 @@
 
 #include "coordination/ScanCoordinator.h"
 #include "platform/DrainedQueue.h"
-#include "support/QuietServices.h"
 #include "support/VolumeBuilder.h"
+#include "ui/QuietServices.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "SampleMac.h"
-#include "support/QuietServices.h"
 #include "ui/ApplicationLook.h"
 #include "ui/ContentView.h"
 #include "ui/InterfaceLanguage.h"
 #include "ui/Metrics.h"
 #include "ui/Preferences.h"
+#include "ui/QuietServices.h"
 #include "ui/Theme.h"
 
 #include <QSize>
