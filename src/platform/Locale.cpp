@@ -137,7 +137,7 @@ std::string formatDate(Date date, const std::string& locale, const std::string& 
 std::string formatByteCount(std::int64_t bytes, const std::string& locale) {
     const struct {
         icu::MeasureUnit unit;
-        UNumberUnitWidth width; // "512 bytes", but "12 kB"
+        UNumberUnitWidth width; // "512 bytes", but "12 KB"
         int digits;             // behind the point
     } steps[] = {
         {icu::MeasureUnit::getByte(), UNUM_UNIT_WIDTH_FULL_NAME, 0},
@@ -162,7 +162,8 @@ std::string formatByteCount(std::int64_t bytes, const std::string& locale) {
                                .unitWidth(step->width)
                                .precision(icu::number::Precision::maxFraction(step->digits))
                                .formatDouble(value, status);
-    const auto text = formatted.toString(status);
+    auto text = formatted.toString(status);
+    text.findAndReplace("kB", "KB"); // as a Mac writes it in every language
     return U_SUCCESS(status) ? encoded(text) : std::to_string(bytes);
 }
 

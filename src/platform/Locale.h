@@ -51,7 +51,7 @@ private:
 [[nodiscard]] std::string formatDate(Date date, const std::string& locale = userLocale(),
                                      const std::string& timeZone = {});
 
-/// A size for people, in steps of 1000 and with the digits that a Mac shows: "512 Byte", "12 kB",
+/// A size for people, in steps of 1000 and with the digits that a Mac shows: "512 Byte", "12 KB",
 /// "1,2 MB", "3,45 GB".
 [[nodiscard]] std::string formatByteCount(std::int64_t bytes,
                                           const std::string& locale = userLocale());

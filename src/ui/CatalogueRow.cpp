@@ -50,10 +50,13 @@ void CatalogueRow::showEvent(QShowEvent* event) {
     });
 }
 
+int CatalogueRow::textHeight() const {
+    return theme().lineHeight(TextStyle::calloutSemibold) + metrics::catalogueTextGap +
+           theme().lineHeight(TextStyle::caption);
+}
+
 QSize CatalogueRow::sizeHint() const {
-    const int texts = theme().lineHeight(TextStyle::calloutSemibold) + metrics::catalogueTextGap +
-                      theme().lineHeight(TextStyle::caption);
-    return {0, std::max(metrics::catalogueIcon, texts) + 2 * metrics::space8};
+    return {0, std::max(metrics::catalogueIcon, textHeight()) + 2 * metrics::space8};
 }
 
 QRect CatalogueRow::textRect() const {
@@ -70,7 +73,7 @@ bool CatalogueRow::event(QEvent* event) {
         return QFontMetrics(theme().verbatimFont(style)).horizontalAdvance(text) > width;
     };
     if (isCut(TextStyle::caption, m_tagline) || isCut(TextStyle::calloutSemibold, title()))
-        showHelpTag(*static_cast<QHelpEvent*>(event), title() + QLatin1String(" – ") + m_tagline,
+        showHelpTag(*static_cast<QHelpEvent*>(event), title() + QStringLiteral(" – ") + m_tagline,
                     *this);
     return true;
 }
@@ -97,7 +100,7 @@ void CatalogueRow::paintEvent(QPaintEvent* event) {
                          painter.fontMetrics().elidedText(text, Qt::ElideRight, line.width()));
         line.moveTop(line.bottom() + 1 + metrics::catalogueTextGap);
     };
-    line.setTop((height() - (sizeHint().height() - 2 * metrics::space8)) / 2);
+    line.setTop((height() - textHeight() + 1) / 2);
     drawLine(TextStyle::calloutSemibold, colours.text, title());
     drawLine(TextStyle::caption, colours.secondary, m_tagline);
 }

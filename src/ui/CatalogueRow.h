@@ -31,6 +31,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    [[nodiscard]] int textHeight() const;
     void paintIcon(QPainter& painter, const QRect& rect) const;
     [[nodiscard]] QRect textRect() const;
 

@@ -5,6 +5,7 @@
 #include "ui/Layouts.h"
 #include "ui/Metrics.h"
 #include "ui/Painting.h"
+#include "ui/SelectableLabel.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
@@ -12,7 +13,6 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QTimer>
@@ -26,33 +26,24 @@ constexpr std::chrono::milliseconds copiedTime{1500};
 
 /// One line, cut in its middle where it does not fit: a command is known by both its ends. It can
 /// be selected whole also then.
-class CommandLabel : public QLabel {
+class CommandLabel : public SelectableLabel {
 public:
-    CommandLabel(const QString& command, const Theme& theme) : m_theme(theme) {
-        setTextFormat(Qt::PlainText);
+    CommandLabel(const QString& command, const Theme& theme)
+        : SelectableLabel(theme, TextStyle::monospacedCallout) {
         setText(command);
-        setFont(theme.verbatimFont(TextStyle::monospacedCallout));
-        setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override {
-        return {fontMetrics().horizontalAdvance(text()),
-                m_theme.lineHeight(TextStyle::monospacedCallout)};
     }
 
 protected:
     void paintEvent(QPaintEvent* event) override {
-        if (hasSelectedText() || fontMetrics().horizontalAdvance(text()) <= width())
-            return QLabel::paintEvent(event);
+        const bool fits = fontMetrics().horizontalAdvance(text()) <= width();
+        if (fits || hasSelectedText())
+            return SelectableLabel::paintEvent(event);
         QPainter painter(this);
-        painter.setPen(m_theme.colours().text);
+        painter.setPen(colour());
         painter.drawText(rect(), Qt::AlignVCenter,
                          fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
     }
-
-private:
-    const Theme& m_theme;
 };
 
 } // namespace

@@ -22,7 +22,7 @@ FullDiskAccessBanner::FullDiskAccessBanner(ScanCoordinator& coordinator, const T
                                            QWidget* parent)
     : QWidget(parent), m_coordinator(coordinator), m_theme(theme),
       m_refresh([this] { setVisible(!m_coordinator.hasFullDiskAccess().get()); }),
-      m_title(new Label(theme, TextStyle::calloutSemibold)),
+      m_title(new WrapLabel(theme, TextStyle::calloutSemibold)),
       m_hint(new WrapLabel(theme, TextStyle::caption, Tone::secondary)),
       m_openSettings(new QPushButton) {
     setObjectName(QStringLiteral("FullDiskAccessBanner"));

@@ -12,7 +12,6 @@ class ScanCoordinator;
 
 namespace veridane::ui {
 
-class Label;
 class Theme;
 class WrapLabel;
 
@@ -38,7 +37,7 @@ private:
     const Theme& m_theme;
     Refresh m_refresh;
 
-    Label* m_title;
+    WrapLabel* m_title;
     WrapLabel* m_hint;
     QPushButton* m_openSettings;
 };

@@ -29,10 +29,12 @@
 namespace veridane::ui {
 namespace {
 
-/// A row of a group; its widgets are added from the left.
-QHBoxLayout* addRow(QVBoxLayout& group) {
+/// A row of a group, with a line above it but for the first; its widgets are added from the left.
+QHBoxLayout* addRow(QVBoxLayout& group, const Theme& theme, bool isFirst = false) {
     auto* widget = new QWidget;
-    widget->setMinimumHeight(metrics::settingsRowHeight);
+    widget->setMinimumHeight(metrics::settingsRowHeight - (isFirst ? 0 : metrics::hairline));
+    if (!isFirst)
+        group.addWidget(new Divider(theme));
     auto* row = makeRow(widget, metrics::space10);
     row->setContentsMargins(metrics::space12, metrics::space4, metrics::space12, metrics::space4);
     group.addWidget(widget);
@@ -78,14 +80,13 @@ QWidget* GeneralSettingsView::makeAppearanceGroup() {
     connect(m_modes, &SegmentedControl::chosen, this, [this](int segment) {
         m_preferences.setAppearanceMode(appearanceModes.at(static_cast<std::size_t>(segment)));
     });
-    auto* choice = addRow(*rows);
+    auto* choice = addRow(*rows, m_theme, true);
     choice->addWidget(m_modeLabel, 1);
     choice->addWidget(m_modes);
 
     m_modeSymbol = new SymbolLabel(m_theme, {}, metrics::symbol, metrics::symbol, Tone::accent);
     m_modeDescription = new WrapLabel(m_theme, TextStyle::callout, Tone::secondary);
-    rows->addWidget(new Divider(m_theme));
-    auto* description = addRow(*rows);
+    auto* description = addRow(*rows, m_theme);
     description->addWidget(m_modeSymbol);
     description->addWidget(m_modeDescription, 1);
     return card;
@@ -101,7 +102,7 @@ QWidget* GeneralSettingsView::makeLanguageGroup() {
     for (const AppLanguage language : appLanguages)
         m_languages->addItem(toQString(label(language)));
     connect(m_languages, &QComboBox::activated, this, &GeneralSettingsView::chooseLanguage);
-    auto* row = addRow(*rows);
+    auto* row = addRow(*rows, m_theme, true);
     row->addWidget(m_languageLabel, 1);
     row->addWidget(m_languages);
     m_languageLabel->setBuddy(m_languages); // on Linux the name of a pop-up is its choice
@@ -119,9 +120,7 @@ QWidget* GeneralSettingsView::makeRestartHint() {
 
     m_restartHint = new QWidget;
     m_restartHint->hide();
-    auto* rows = makeColumn(m_restartHint);
-    rows->addWidget(new Divider(m_theme));
-    auto* row = addRow(*rows);
+    auto* row = addRow(*makeColumn(m_restartHint), m_theme);
     row->addWidget(new SymbolLabel(m_theme, "arrow.clockwise.circle", metrics::restartSymbol,
                                    metrics::restartSymbol, Tone::orange));
     row->addWidget(m_restartText, 1);

@@ -21,6 +21,18 @@
 
 namespace veridane::ui {
 
+namespace {
+
+/// What the keyboard comes to before a widget.
+QWidget* focusableBefore(QWidget& widget) {
+    QWidget* before = widget.previousInFocusChain();
+    while (before->focusPolicy() == Qt::NoFocus && before != &widget)
+        before = before->previousInFocusChain();
+    return before;
+}
+
+} // namespace
+
 MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme& theme,
                      QWidget* parent)
     : Card(theme, CardStyle::tinted, metrics::largeCardRadius, parent), m_pictures(pictures),
@@ -67,8 +79,9 @@ void MakerCard::setApps(std::vector<MirefoldApp> apps) {
         row->setObjectName(QStringLiteral("catalogueRow"));
         connect(row, &QAbstractButton::clicked, this,
                 [this, index = m_rows.size()] { open(m_apps[index]); });
-        m_rows.push_back(row);
         m_rowColumn->addWidget(row);
+        QWidget::setTabOrder(focusableBefore(*m_moreApps), row); // else it comes behind all others
+        m_rows.push_back(row);
     }
     for (std::size_t index = 0; index < m_apps.size(); ++index)
         m_rows[index]->setApp(m_apps[index]);

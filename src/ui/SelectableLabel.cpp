@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QStyleHints>
 #include <QTextBoundaryFinder>
 
 namespace veridane::ui {
@@ -62,11 +63,19 @@ void SelectableLabel::copy() const {
         QGuiApplication::clipboard()->setText(selectedText());
 }
 
+bool SelectableLabel::isTripleClick(const QMouseEvent& press) const {
+    const QPointF off = press.position() - m_doubleClickAt;
+    return !m_tripleClick.hasExpired() && !press.modifiers() &&
+           off.manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
+}
+
 void SelectableLabel::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
         event->ignore();
         return;
     }
+    if (isTripleClick(*event))
+        return selectAll();
     const int at = gapAt(*event);
     m_dragStart = at;
     if (event->modifiers().testFlag(Qt::ShiftModifier) && hasSelectedText()) {
@@ -93,6 +102,8 @@ void SelectableLabel::mouseReleaseEvent(QMouseEvent* event) {
 void SelectableLabel::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
+    m_tripleClick.setRemainingTime(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    m_doubleClickAt = event->position();
     const int at = shownLines().characterAt(event->position().toPoint() - origin());
     QTextBoundaryFinder words(QTextBoundaryFinder::Word, text());
     words.setPosition(at);

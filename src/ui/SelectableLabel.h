@@ -2,12 +2,15 @@
 
 #include "ui/WrapLabel.h"
 
+#include <QDeadlineTimer>
+
 #include <optional>
 
 namespace veridane::ui {
 
-/// A text from scanned objects that can be selected and copied, with the mouse and the keyboard. It
-/// wraps wherever it must, but behind a slash where it can, and takes whatever width it gets.
+/// A text from scanned objects that can be selected and copied: with the mouse, and with the keys
+/// once the mouse has given it the focus. It wraps wherever it must, but behind a slash where it
+/// can, and takes whatever width it gets.
 class SelectableLabel : public WrapLabel {
     Q_OBJECT
 
@@ -33,11 +36,14 @@ protected:
 private:
     [[nodiscard]] TextSpan selected() const;
     [[nodiscard]] int gapAt(const QMouseEvent& event) const;
+    [[nodiscard]] bool isTripleClick(const QMouseEvent& press) const;
     void select(int from, int to);
     void selectAll();
     void copy() const;
 
     std::optional<int> m_dragStart; // while the mouse selects
+    QDeadlineTimer m_tripleClick;   // until then a further press there is one
+    QPointF m_doubleClickAt;
 };
 
 } // namespace veridane::ui

@@ -192,6 +192,9 @@ void Sheet::paintEvent(QPaintEvent* event) {
     painter.fillRect(rect(), m_theme.colours().scrim);
     painter.drawImage(sheet.topLeft() - QPoint(m_shadow.margin, m_shadow.margin), m_shadow.picture);
     painting::fillRounded(painter, sheet, metrics::sheetRadius, m_theme.colours().window);
+    if (m_theme.isDark()) // where a shadow alone makes no edge
+        painting::strokeInside(painter, sheet, metrics::sheetRadius, m_theme.colours().separator,
+                               metrics::hairline);
 }
 
 } // namespace veridane::ui

@@ -44,6 +44,17 @@ void giveDefaultRing(QWidget& widget) {
         setRing(widget, {.radius = metrics::buttonRadius});
 }
 
+void drawMenuEntry(const Theme& theme, QStyleOptionMenuItem entry, QPainter& painter,
+                   const QWidget* widget) {
+    // The list of a pop-up fills its entries with the window's colour, from edge to edge.
+    if (qobject_cast<const QComboBox*>(widget)) {
+        constexpr int inset = metrics::menuPadding - metrics::hairline;
+        painter.fillRect(entry.rect, theme.colours().popover);
+        entry.rect.adjust(inset, 0, -inset, 0);
+    }
+    menu_drawing::drawEntry(theme, entry, painter);
+}
+
 void drawProgress(const Theme& theme, const QStyleOptionProgressBar& option, QPainter& painter) {
     const std::int64_t range = std::int64_t{option.maximum} - option.minimum;
     if (range <= 0)
@@ -230,7 +241,7 @@ void VeridaneStyle::drawControl(ControlElement element, const QStyleOption* opti
         drawProgress(m_theme, as<QStyleOptionProgressBar>(option), *painter);
         return;
     case CE_MenuItem:
-        menu_drawing::drawEntry(m_theme, as<QStyleOptionMenuItem>(option), *painter);
+        drawMenuEntry(m_theme, as<QStyleOptionMenuItem>(option), *painter, widget);
         return;
     case CE_MenuBarItem:
         menu_drawing::drawTitle(m_theme, as<QStyleOptionMenuItem>(option), *painter);

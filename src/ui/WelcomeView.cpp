@@ -16,8 +16,10 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <cstddef>
@@ -132,6 +134,23 @@ void WelcomeView::finish(const AppCatalogue::Outcome& outcome) {
     const auto* remote = std::get_if<std::vector<MirefoldApp>>(&outcome);
     m_isBuiltIn = !remote || remote->empty();
     m_apps.set(m_isBuiltIn ? AppCatalogue::builtIn() : *remote);
+}
+
+/// The page scrolls from the button as well, which has the focus at first.
+void WelcomeView::keyPressEvent(QKeyEvent* event) {
+    QScrollBar& bar = *m_page->verticalScrollBar();
+    switch (event->key()) {
+    case Qt::Key_PageDown:
+        return bar.triggerAction(QAbstractSlider::SliderPageStepAdd);
+    case Qt::Key_PageUp:
+        return bar.triggerAction(QAbstractSlider::SliderPageStepSub);
+    case Qt::Key_Home:
+        return bar.triggerAction(QAbstractSlider::SliderToMinimum);
+    case Qt::Key_End:
+        return bar.triggerAction(QAbstractSlider::SliderToMaximum);
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void WelcomeView::refresh() {

@@ -59,6 +59,9 @@ TEST_F(SelectableLabelTest, TheMouseSelectsAcrossLinesThatEndBehindSlashes) {
     EXPECT_EQ(selected(), "3rd component");
     send(QEvent::MouseButtonPress, 0, 0);
     EXPECT_EQ(selected(), "");
+    send(QEvent::MouseButtonDblClick, 2, 3);
+    send(QEvent::MouseButtonPress, 2, 3);
+    EXPECT_EQ(selected(), label.text().toStdString()) << "a triple click";
 }
 
 TEST_F(SelectableLabelTest, KeysAndTheMenuCopyTheTextAsItIs) {

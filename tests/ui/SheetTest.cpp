@@ -136,7 +136,8 @@ TEST_F(SheetTest, TheCommandIsCopiedAndSaidToBeForAWhile) {
     EXPECT_EQ(copyTitle(), "Kopieren");
 
     auto& command = find<QLabel>(*guide, "commandLabel");
-    command.setFocus();
+    QTest::mouseClick(&command, Qt::LeftButton);
+    EXPECT_TRUE(command.hasFocus());
     QTest::keyClick(&command, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(command.selectedText(), QStringLiteral("softwareupdate --install-rosetta"));
 }

@@ -114,6 +114,18 @@ TEST_F(WelcomeTest, WithoutAListFromTheSiteThatOfTheProgramIsShown) {
     language.apply(AppLanguage::german);
 }
 
+TEST_F(WelcomeTest, TheTabKeyComesToTheListInItsPlace) {
+    open();
+    std::vector<const QWidget*> passed;
+    for (QWidget* widget = &find(*view, "welcomeScrollArea"); passed.size() < 5;
+         widget = widget->nextInFocusChain())
+        if (widget->focusPolicy() != Qt::NoFocus)
+            passed.push_back(widget);
+    EXPECT_EQ(passed, (std::vector<const QWidget*>{&find(*view, "welcomeScrollArea"), rows()[0],
+                                                   rows()[1], &find(*view, "moreAppsButton"),
+                                                   &find(*view, "dismissButton")}));
+}
+
 TEST_F(WelcomeTest, ItIsThereOnlyWhileTheMachineIsOnline) {
     open(PathStatus::unsatisfied);
     EXPECT_EQ(names(), Texts());
