@@ -3,11 +3,11 @@
 #include "ui/RosettaInstallGuide.h"
 #include "ui/SettingsView.h"
 #include "ui/Sheet.h"
+#include "ui/Text.h"
 #include "ui/WelcomeView.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QDir>
 #include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -43,9 +43,12 @@ void grab(QWidget& window, const QString& file) {
 } // namespace
 
 Stage::Stage(AppearanceMode mode, AppLanguage language, bool hasAccess)
-    : m_mac(hasAccess), m_look(m_theme), m_chosenLanguage(language),
-      m_preferences(QDir::tempPath() + QStringLiteral("/no-such-folder/none")) {
+    : m_mac(hasAccess), m_look(m_theme),
+      m_preferences(toQString(m_data.hostPath("/Veridane.conf"))) {
     m_theme.setMode(mode);
+    m_preferences.setAppLanguage(language);
+    if (mode == AppearanceMode::dark) // else what a start without settings gives
+        m_preferences.setAppearanceMode(mode);
     m_language.apply(language);
     QCoreApplication::processEvents();
 }
@@ -100,10 +103,9 @@ void Stage::saveSettings(const QString& file, SettingsTab tab, Scrolled scrolled
 
 void Stage::saveSettingsWithHint(const QString& file) {
     SettingsView window(m_preferences, m_mac.workspace(), m_relauncher, m_theme);
-    auto& languages = *window.findChild<QComboBox*>();
-    const int index = static_cast<int>(m_chosenLanguage);
-    languages.setCurrentIndex(index);
-    Q_EMIT languages.activated(index);
+    const AppLanguage language = m_preferences.appLanguage();
+    m_preferences.setAppLanguage(AppLanguage::system);
+    Q_EMIT window.findChild<QComboBox*>()->activated(static_cast<int>(language));
     QCoreApplication::sendPostedEvents();
     grab(window, file);
 }

@@ -34,17 +34,17 @@ public:
     void saveWelcome(const QString& file, PathStatus path, Scrolled scrolled = Scrolled::toStart);
     void saveGuide(const QString& file);
     void saveSettings(const QString& file, SettingsTab tab, Scrolled scrolled = Scrolled::toStart);
-    /// After the choice of another language, which is the same in truth.
+    /// After the choice of the language.
     void saveSettingsWithHint(const QString& file);
 
 private:
     [[nodiscard]] ui::ContentServices services();
 
     SampleMac m_mac;
+    test::VolumeBuilder m_data; // a folder that goes with the stage
     ui::Theme m_theme;
     ui::ApplicationLook m_look;
     ui::InterfaceLanguage m_language;
-    ui::AppLanguage m_chosenLanguage;
     ui::Preferences m_preferences;
     test::QuietSavePanel m_savePanel;
     test::QuietRelauncher m_relauncher;
