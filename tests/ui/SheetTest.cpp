@@ -79,6 +79,16 @@ TEST_F(SheetTest, TheKeyboardStaysInsideUntilItIsClosed) {
     EXPECT_EQ(window.focusWidget(), table);
 }
 
+TEST_F(SheetTest, TheFocusGoesOnWhereItCannotComeBack) {
+    sheet->close();
+    auto& button = find(window, "scanButton");
+    button.setFocus();
+    open();
+    button.setEnabled(false);
+    sheet->close();
+    EXPECT_EQ(window.focusWidget(), table);
+}
+
 TEST_F(SheetTest, ReturnPressesTheDefaultButtonWhereverTheFocusIs) {
     focusOnTheWay(Qt::Key_Tab, 1);
     QTest::keyClick(window.focusWidget(), Qt::Key_Return);
