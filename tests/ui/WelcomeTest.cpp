@@ -12,6 +12,8 @@
 #include <QPushButton>
 
 #include <cstdlib>
+#include <mutex>
+#include <optional>
 
 namespace veridane::test {
 namespace {
@@ -73,12 +75,23 @@ protected:
         return texts;
     }
 
-    bool isAnswering = true;
-    std::string document = twoApps;
+    /// From now on the site answers with this list; nothing ends the connection.
+    void answerWith(std::optional<std::string> list) {
+        const std::lock_guard lock(mutex);
+        document = std::move(list);
+    }
+    std::optional<std::string> answer() {
+        const std::lock_guard lock(mutex);
+        return document;
+    }
+
+    std::mutex mutex;
+    std::optional<std::string> document = twoApps;
     LoopbackServer site{[this](const LoopbackServer::Request& request, auto& connection) {
-        if (!isAnswering)
+        const auto list = answer();
+        if (!list)
             return connection.close();
-        connection.answer(200, request.target == "/apps.json" ? document : redPicture());
+        connection.answer(200, request.target == "/apps.json" ? *list : redPicture());
     }};
     CurlHttpClient client;
     HandDrivenWatcher* watcher = nullptr;
@@ -98,11 +111,10 @@ TEST_F(WelcomeTest, TheSitesListIsShownAsItCame) {
 }
 
 TEST_F(WelcomeTest, WithoutAListFromTheSiteThatOfTheProgramIsShown) {
-    document = "[]";
-    for (const bool answers : {true, false}) {
-        isAnswering = answers;
+    for (const auto& list : {std::optional<std::string>("[]"), std::optional<std::string>()}) {
+        answerWith(list);
         open();
-        ASSERT_EQ(names().size(), 8) << answers;
+        ASSERT_EQ(names().size(), 8) << list.value_or("no answer");
         EXPECT_EQ(names().front(), "Wollgras");
     }
     InterfaceLanguage language;
@@ -145,14 +157,14 @@ TEST_F(WelcomeTest, AnAnswerThatComesAfterTheEndIsDropped) {
     appear();
     site.waitForRequests(1);
     view.reset();
-    document = "[]";
+    answerWith("[]");
     open(); // whose answer comes behind the first one
     EXPECT_EQ(names().size(), 8);
 }
 
 TEST_F(WelcomeTest, AnIconTakesThePlaceholdersPlaceOnceItHasCome) {
     const std::string app = R"({"name": "A", "tagline": "B", "url": "C")";
-    document = "[" + app + R"(, "icon": ")" + site.url("/red.png") + "\"}, " + app + "}]";
+    answerWith("[" + app + R"(, "icon": ")" + site.url("/red.png") + "\"}, " + app + "}]");
     open();
     const auto iconColour = [&](std::size_t row) {
         return rows()[row]->grab().toImage().pixelColor(14, 14);
