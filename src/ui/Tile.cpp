@@ -27,7 +27,7 @@ Tile::Tile(const Theme& theme, const SymbolLook& look, StatusFilter filter, QWid
     setCount(0);
 }
 
-QRect Tile::titleRect(int width) const {
+QRect Tile::wrappedTitleRect(int width) const {
     const int top = metrics::space10 + theme().lineHeight(TextStyle::title2) + metrics::space4;
     const QRect room(metrics::space4, top, width - 2 * metrics::space4, QWIDGETSIZE_MAX);
     const QRect text = fontMetrics().boundingRect(room, titleFlags, title());
@@ -36,7 +36,7 @@ QRect Tile::titleRect(int width) const {
 }
 
 int Tile::heightForWidth(int width) const {
-    const QRect rect = titleRect(width);
+    const QRect rect = wrappedTitleRect(width);
     return rect.y() + rect.height() + metrics::space10;
 }
 
@@ -80,7 +80,7 @@ void Tile::paintEvent(QPaintEvent* event) {
     paintCount(painter);
     painter.setFont(font());
     painter.setPen(theme().colours().secondary);
-    painter.drawText(titleRect(width()), titleFlags, title());
+    painter.drawText(wrappedTitleRect(width()), titleFlags, title());
 }
 
 } // namespace veridane::ui

@@ -28,7 +28,7 @@ protected:
 
 private:
     void paintCount(QPainter& painter) const;
-    [[nodiscard]] QRect titleRect(int width) const;
+    [[nodiscard]] QRect wrappedTitleRect(int width) const;
 
     SymbolLook m_look;
     StatusFilter m_filter;
