@@ -1,11 +1,10 @@
 #pragma once
 
 #include "platform/MainQueue.h"
+#include "platform/TaskList.h"
 
-#include <condition_variable>
 #include <cstddef>
-#include <deque>
-#include <mutex>
+#include <functional>
 
 namespace veridane {
 
@@ -22,11 +21,7 @@ public:
     void drainUntil(const std::function<bool()>& isDone);
 
 private:
-    [[nodiscard]] std::function<void()> takeFirst();
-
-    std::mutex m_mutex;
-    std::condition_variable m_posted;
-    std::deque<std::function<void()>> m_tasks;
+    TaskList m_tasks;
 };
 
 } // namespace veridane

@@ -4,18 +4,15 @@
 #include <QEvent>
 #include <QTimerEvent>
 
+#include <cstddef>
 #include <utility>
 
 namespace veridane::ui {
 
 void EventLoopQueue::post(std::function<void()> task) {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_tasks.push_back(std::move(task));
-        if (std::exchange(m_isAwaited, true))
-            return;
-    }
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    m_tasks.add(std::move(task));
+    if (!m_isAwaited.exchange(true))
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
 
 bool EventLoopQueue::event(QEvent* event) {
@@ -29,27 +26,13 @@ bool EventLoopQueue::event(QEvent* event) {
 
 void EventLoopQueue::timerEvent(QTimerEvent* event) {
     killTimer(event->timerId());
-    // One by one from the queue itself: a task that waits in a dialog must not hold up the others.
-    for (std::size_t left = startTurn(); left > 0; --left) {
-        if (const auto task = takeFirst())
+    // Before the count: what comes after it asks for a turn of its own.
+    m_isAwaited = false;
+    // One by one from the list itself: a task that waits in a dialog must not hold up the others.
+    for (std::size_t left = m_tasks.size(); left > 0; --left) {
+        if (const auto task = m_tasks.takeFirst())
             task();
     }
-}
-
-/// Gives the number of tasks that wait at its beginning.
-std::size_t EventLoopQueue::startTurn() {
-    const std::lock_guard lock(m_mutex);
-    m_isAwaited = false;
-    return m_tasks.size();
-}
-
-std::function<void()> EventLoopQueue::takeFirst() {
-    const std::lock_guard lock(m_mutex);
-    if (m_tasks.empty())
-        return {};
-    std::function<void()> task = std::move(m_tasks.front());
-    m_tasks.pop_front();
-    return task;
 }
 
 } // namespace veridane::ui

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "platform/MainQueue.h"
+#include "platform/TaskList.h"
 
 #include <QObject>
 
-#include <cstddef>
-#include <deque>
+#include <atomic>
 #include <functional>
-#include <mutex>
 
 namespace veridane::ui {
 
@@ -23,12 +22,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    [[nodiscard]] std::size_t startTurn();
-    [[nodiscard]] std::function<void()> takeFirst();
-
-    std::mutex m_mutex;
-    std::deque<std::function<void()>> m_tasks;
-    bool m_isAwaited = false; // a turn for what waits has been asked for
+    TaskList m_tasks;
+    std::atomic<bool> m_isAwaited = false; // a turn for what waits has been asked for
 };
 
 } // namespace veridane::ui
