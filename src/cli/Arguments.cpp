@@ -32,8 +32,13 @@ const Names<InspectFormat>& inspectFormats() {
     return names;
 }
 
-const Names<Language>& languages() {
-    static const Names<Language> names = {{"de", Language::german}, {"en", Language::english}};
+const Names<Language>& languageNames() {
+    static const Names<Language> names = [] {
+        Names<Language> codes;
+        for (const Language language : languages)
+            codes.emplace_back(languageCode(language), language);
+        return codes;
+    }();
     return names;
 }
 
@@ -171,7 +176,7 @@ void addCommonOptions(CLI::App& command, Texts& texts) {
     command
         .add_option("--language", texts.language, "Language of the results: de or en (default: de)")
         ->type_name("LANGUAGE")
-        ->check(oneOf(languages()));
+        ->check(oneOf(languageNames()));
 }
 
 CLI::App* addScan(CLI::App& program, Texts& texts) {
@@ -243,7 +248,7 @@ ScanOptions optionsFrom(const Texts& texts) {
 
 void fillCommon(CommonArguments& arguments, const Texts& texts) {
     arguments.volume = texts.volume;
-    arguments.language = valueOf(languages(), texts.language);
+    arguments.language = valueOf(languageNames(), texts.language);
 }
 
 ScanArguments scanArguments(const Texts& texts) {

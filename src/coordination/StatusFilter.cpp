@@ -18,7 +18,7 @@ bool passes(Urgency urgency, StatusFilter filter) {
     case StatusFilter::all:
         return true;
     case StatusFilter::needsAttention:
-        return urgency == Urgency::breaksOnMacOS28 || urgency == Urgency::partiallyAffected;
+        return needsAttention(urgency);
     case StatusFilter::breaksOnMacOS28:
         return urgency == Urgency::breaksOnMacOS28;
     case StatusFilter::partiallyAffected:

@@ -1,10 +1,14 @@
 #include "model/Recommendation.h"
 
 #include "model/NativeCounterparts.h"
+#include "model/RawStrings.h"
 #include "platform/Language.h"
 
 namespace veridane {
 namespace {
+
+constexpr RawStrings::Table<urgencyCount> caseNames = {
+    "breaksOnMacOS28", "partiallyAffected", "switchToNative", "ready", "alreadyBroken", "unknown"};
 
 std::string verdictFor(Urgency urgency) {
     switch (urgency) {
@@ -93,21 +97,7 @@ std::string displayName(Urgency urgency) {
 }
 
 std::string_view caseName(Urgency urgency) {
-    switch (urgency) {
-    case Urgency::breaksOnMacOS28:
-        return "breaksOnMacOS28";
-    case Urgency::partiallyAffected:
-        return "partiallyAffected";
-    case Urgency::switchToNative:
-        return "switchToNative";
-    case Urgency::ready:
-        return "ready";
-    case Urgency::alreadyBroken:
-        return "alreadyBroken";
-    case Urgency::unknown:
-        return "unknown";
-    }
-    return {};
+    return RawStrings::textOf(caseNames, urgency);
 }
 
 Recommendation::Recommendation(CompatibilityStatus status, bool hasIntelComponents,

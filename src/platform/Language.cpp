@@ -29,12 +29,29 @@ Table parsedTable(std::string_view text) {
     return table;
 }
 
-const Table& english() {
-    static const Table table = parsedTable(englishTable);
-    return table;
+const Table& tableOf(Language language) {
+    static const Table none; // the texts are German where they are used
+    static const Table english = parsedTable(englishTable);
+    switch (language) {
+    case Language::german:
+        return none;
+    case Language::english:
+        return english;
+    }
+    return none;
 }
 
 } // namespace
+
+std::string_view languageCode(Language language) {
+    switch (language) {
+    case Language::german:
+        return "de";
+    case Language::english:
+        return "en";
+    }
+    return {};
+}
 
 void setLanguage(Language language) {
     languageInForce = language;
@@ -45,12 +62,9 @@ Language language() {
 }
 
 std::string localized(std::string_view german) {
-    if (language() == Language::english) {
-        const auto entry = english().find(german);
-        if (entry != english().end())
-            return entry->second;
-    }
-    return std::string(german);
+    const Table& table = tableOf(language());
+    const auto entry = table.find(german);
+    return entry == table.end() ? std::string(german) : entry->second;
 }
 
 std::string localized(std::string_view german, std::string_view value) {

@@ -23,18 +23,18 @@ using unicode::decoded;
 using unicode::encoded;
 
 std::string localeOfLanguage() {
-    return language() == Language::english ? "en" : "de";
+    return std::string(languageCode(language()));
 }
 
 /// Whether ICU has data for a language. It formats for any other all the same, in a form that
 /// nobody uses ("2027 M03 1").
-bool isKnown(std::string_view languageCode) {
+bool isKnown(std::string_view code) {
     // By length first: the code may be anything, but names a resource below.
-    if (languageCode.size() != 2 && languageCode.size() != 3)
+    if (code.size() != 2 && code.size() != 3)
         return false;
     UErrorCode status = U_ZERO_ERROR;
     const icu::LocalUResourceBundlePointer data(
-        ures_openDirect(nullptr, std::string(languageCode).c_str(), &status));
+        ures_openDirect(nullptr, std::string(code).c_str(), &status));
     return U_SUCCESS(status);
 }
 

@@ -1,27 +1,29 @@
 #include "ui/AppLanguage.h"
 
+#include "model/RawStrings.h"
 #include "platform/Locale.h"
 
-#include <algorithm>
-
 namespace veridane::ui {
+namespace {
+
+constexpr RawStrings::Table<appLanguages.size()> rawStrings = {"system", "german", "english"};
+
+Language languageOf(std::string_view locale) {
+    for (const Language language : languages) {
+        if (locale.substr(0, locale.find('_')) == languageCode(language))
+            return language;
+    }
+    return Language::german;
+}
+
+} // namespace
 
 std::string_view rawString(AppLanguage language) {
-    switch (language) {
-    case AppLanguage::system:
-        return "system";
-    case AppLanguage::german:
-        return "german";
-    case AppLanguage::english:
-        return "english";
-    }
-    return {};
+    return RawStrings::textOf(rawStrings, language);
 }
 
 AppLanguage appLanguageFromRawString(std::string_view text) {
-    const auto* const language = std::ranges::find(
-        appLanguages, text, [](AppLanguage candidate) { return rawString(candidate); });
-    return language == appLanguages.end() ? AppLanguage::system : *language;
+    return RawStrings::valueOf<AppLanguage>(rawStrings, text).value_or(AppLanguage::system);
 }
 
 std::string label(AppLanguage language) {
@@ -38,10 +40,8 @@ std::string label(AppLanguage language) {
 
 Language textLanguage(AppLanguage language) {
     switch (language) {
-    case AppLanguage::system: {
-        const std::string locale = userTextLocale().value_or("");
-        return locale == "en" || locale.starts_with("en_") ? Language::english : Language::german;
-    }
+    case AppLanguage::system:
+        return languageOf(userTextLocale().value_or(""));
     case AppLanguage::german:
         return Language::german;
     case AppLanguage::english:

@@ -1,27 +1,21 @@
 #include "ui/AppearanceMode.h"
 
+#include "model/RawStrings.h"
 #include "platform/Language.h"
 
-#include <algorithm>
-
 namespace veridane::ui {
+namespace {
+
+constexpr RawStrings::Table<appearanceModes.size()> rawStrings = {"system", "light", "dark"};
+
+} // namespace
 
 std::string_view rawString(AppearanceMode mode) {
-    switch (mode) {
-    case AppearanceMode::system:
-        return "system";
-    case AppearanceMode::light:
-        return "light";
-    case AppearanceMode::dark:
-        return "dark";
-    }
-    return {};
+    return RawStrings::textOf(rawStrings, mode);
 }
 
 AppearanceMode appearanceModeFromRawString(std::string_view text) {
-    const auto* const mode = std::ranges::find(
-        appearanceModes, text, [](AppearanceMode candidate) { return rawString(candidate); });
-    return mode == appearanceModes.end() ? AppearanceMode::system : *mode;
+    return RawStrings::valueOf<AppearanceMode>(rawStrings, text).value_or(AppearanceMode::system);
 }
 
 std::string label(AppearanceMode mode) {

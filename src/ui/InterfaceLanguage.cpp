@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <string>
 #include <utility>
 
 namespace veridane::ui {
@@ -24,8 +25,7 @@ void InterfaceLanguage::apply(AppLanguage language) {
 
     // The texts of file dialogs and of menus in text fields.
     auto texts = std::make_unique<QTranslator>();
-    static_cast<void>(texts->load(choice.texts == Language::english ? QStringLiteral("qtbase_en")
-                                                                    : QStringLiteral("qtbase_de"),
+    static_cast<void>(texts->load(toQString("qtbase_" + std::string(languageCode(choice.texts))),
                                   QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
     QCoreApplication::installTranslator(texts.get());
     m_toolkitTexts = std::move(texts);
