@@ -17,7 +17,6 @@
 #include "ui/WrapLabel.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QScrollArea>
@@ -56,7 +55,7 @@ Label* makeCentred(const Theme& theme, TextStyle style, Tone tone) {
 } // namespace
 
 AboutSettingsView::AboutSettingsView(Workspace& workspace, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_workspace(workspace), m_theme(theme) {
+    : Retranslated(parent), m_workspace(workspace), m_theme(theme) {
     auto* blocks = new QWidget;
     auto* column = makeColumn(blocks, metrics::space18);
     column->setContentsMargins(metrics::space18, metrics::space18, metrics::space18,
@@ -141,12 +140,6 @@ QWidget* AboutSettingsView::makeFooter() {
     column->addWidget(contact, 0, Qt::AlignHCenter);
     column->addWidget(m_rights);
     return footer;
-}
-
-void AboutSettingsView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void AboutSettingsView::retranslate() {

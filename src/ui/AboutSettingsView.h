@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Retranslated.h"
+
 #include <QWidget>
 
 #include <vector>
@@ -16,22 +18,19 @@ class Theme;
 class WrapLabel;
 
 /// The program's version, the maker and the maker's pages, which open in the browser.
-class AboutSettingsView : public QWidget {
+class AboutSettingsView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
     /// Both must outlive the view.
     AboutSettingsView(Workspace& workspace, const Theme& theme, QWidget* parent = nullptr);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     [[nodiscard]] QWidget* makeHeaderCard();
     [[nodiscard]] QWidget* makeAppsCard();
     [[nodiscard]] QWidget* makeLegalCard();
     [[nodiscard]] QWidget* makeFooter();
-    void retranslate();
+    void retranslate() final;
 
     Workspace& m_workspace;
     const Theme& m_theme;

@@ -9,14 +9,13 @@
 #include "ui/Metrics.h"
 #include "ui/Text.h"
 
-#include <QEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace veridane::ui {
 
 ActionButtons::ActionButtons(ScanCoordinator& coordinator, Workspace& workspace, QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_workspace(workspace) {
+    : Retranslated(parent), m_coordinator(coordinator), m_workspace(workspace) {
     auto* searches = new FittingRowLayout(metrics::space8);
     auto* others = new FittingRowLayout(metrics::space8);
     auto* column = makeColumn(this, metrics::space8);
@@ -32,12 +31,6 @@ ActionButtons::ActionButtons(ScanCoordinator& coordinator, Workspace& workspace,
     connect(m_reveal, &QPushButton::clicked, this, &ActionButtons::reveal);
     connect(m_installRosetta, &QPushButton::clicked, this, &ActionButtons::rosettaGuideRequested);
     retranslate();
-}
-
-void ActionButtons::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 // Also while there is nothing to show them for: assistive technology finds them all the same.
@@ -59,8 +52,7 @@ QPushButton* ActionButtons::addButton(FittingRowLayout& row, const char* name,
 }
 
 void ActionButtons::showFor(Urgency urgency) {
-    const bool needsRosetta =
-        urgency == Urgency::breaksOnMacOS28 || urgency == Urgency::partiallyAffected;
+    const bool needsRosetta = needsAttention(urgency);
     const bool hasBetter = needsRosetta || urgency == Urgency::switchToNative;
     m_searchNative->setVisible(hasBetter);
     m_searchAppStore->setVisible(hasBetter);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Recommendation.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -18,7 +19,7 @@ namespace veridane::ui {
 class FittingRowLayout;
 
 /// What can be done about the selected object, as its urgency suggests.
-class ActionButtons : public QWidget {
+class ActionButtons : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -30,13 +31,10 @@ public:
 Q_SIGNALS:
     void rosettaGuideRequested();
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     [[nodiscard]] QPushButton* addButton(FittingRowLayout& row, const char* name,
                                          std::string_view symbol);
-    void retranslate();
+    void retranslate() final;
     void searchNativeVersion();
     void searchAppStore();
     void reveal();

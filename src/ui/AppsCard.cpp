@@ -9,7 +9,6 @@
 #include "ui/Text.h"
 #include "ui/WrapLabel.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -17,7 +16,7 @@
 namespace veridane::ui {
 
 AppsCard::AppsCard(const Theme& theme, QWidget* parent)
-    : PaintedButton(theme, parent), m_title(new WrapLabel(theme, TextStyle::headline)),
+    : Retranslated(theme, parent), m_title(new WrapLabel(theme, TextStyle::headline)),
       m_tagline(new WrapLabel(theme, TextStyle::callout, Tone::secondary)),
       m_call(new WrapLabel(theme, TextStyle::calloutSemibold, Tone::accent)) {
     auto* texts = makeColumn(nullptr, metrics::space2);
@@ -40,12 +39,6 @@ AppsCard::AppsCard(const Theme& theme, QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     setRing(*this, {.radius = metrics::largeCardRadius});
     retranslate();
-}
-
-void AppsCard::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    PaintedButton::changeEvent(event);
 }
 
 void AppsCard::retranslate() {

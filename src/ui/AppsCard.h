@@ -1,13 +1,14 @@
 #pragma once
 
 #include "ui/PaintedButton.h"
+#include "ui/Retranslated.h"
 
 namespace veridane::ui {
 
 class WrapLabel;
 
 /// A card that is one link: to all applications of the maker.
-class AppsCard : public PaintedButton {
+class AppsCard : public Retranslated<PaintedButton> {
     Q_OBJECT
 
 public:
@@ -17,11 +18,10 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void retranslate();
+    void retranslate() final;
 
     WrapLabel* m_title;
     WrapLabel* m_tagline;

@@ -14,7 +14,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
@@ -27,7 +26,7 @@
 namespace veridane::ui {
 
 Bar::Bar(ScanCoordinator& coordinator, SavePanel& savePanel, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_savePanel(savePanel), m_theme(theme),
+    : Retranslated(parent), m_coordinator(coordinator), m_savePanel(savePanel), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     setFixedHeight(theme.scaled(metrics::barHeight));
 
@@ -134,12 +133,6 @@ void Bar::makeSearchField() {
         m_searchField->setFocus(Qt::ShortcutFocusReason);
         m_searchField->selectAll();
     });
-}
-
-void Bar::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void Bar::paintEvent(QPaintEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -19,7 +20,7 @@ class SearchField;
 class Theme;
 
 /// The bar above content and details: the title, the menus, the four tools and the search field.
-class Bar : public QWidget {
+class Bar : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -32,7 +33,6 @@ Q_SIGNALS:
     void settingsRequested();
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -41,7 +41,7 @@ private:
     void makeTools();
     void makeSearchField();
     [[nodiscard]] QToolButton* makeTool(const char* name, const char* symbol);
-    void retranslate();
+    void retranslate() final;
     void refresh();
 
     ScanCoordinator& m_coordinator;

@@ -10,7 +10,6 @@
 #include "ui/Theme.h"
 
 #include <QClipboard>
-#include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -49,7 +48,7 @@ protected:
 } // namespace
 
 CommandBox::CommandBox(const QString& command, const Theme& theme, Delay delay, QWidget* parent)
-    : QFrame(parent), m_command(command), m_theme(theme), m_delay(std::move(delay)),
+    : Retranslated(parent), m_command(command), m_theme(theme), m_delay(std::move(delay)),
       m_copyButton(new QPushButton) {
     m_copyButton->setObjectName(QStringLiteral("copyCommandButton"));
     setButtonRole(*m_copyButton, ButtonRole::borderedSmall);
@@ -78,12 +77,6 @@ void CommandBox::copy() {
 void CommandBox::setCopied(bool copied) {
     m_copied = copied;
     retranslate();
-}
-
-void CommandBox::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QFrame::changeEvent(event);
 }
 
 void CommandBox::paintEvent(QPaintEvent* event) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Retranslated.h"
+
 #include <QFrame>
 
 #include <chrono>
@@ -12,7 +14,7 @@ namespace veridane::ui {
 class Theme;
 
 /// A command for the terminal, and a button that copies it.
-class CommandBox : public QFrame {
+class CommandBox : public Retranslated<QFrame> {
     Q_OBJECT
 
 public:
@@ -26,13 +28,12 @@ public:
                QWidget* parent = nullptr);
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void copy();
     void setCopied(bool copied);
-    void retranslate();
+    void retranslate() final;
 
     const QString m_command;
     const Theme& m_theme;

@@ -15,7 +15,6 @@
 #include "ui/UpdateBlock.h"
 #include "ui/VerdictBox.h"
 
-#include <QEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -28,10 +27,11 @@ namespace veridane::ui {
 
 DetailView::DetailView(ScanCoordinator& coordinator, Workspace& workspace, const Theme& theme,
                        QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_theme(theme), m_refresh([this] { refresh(); }),
-      m_emptyState(new EmptyStateView(theme, "sidebar.right")), m_header(new DetailHeader(theme)),
-      m_verdict(new VerdictBox(theme)), m_facts(new FactRows(theme)),
-      m_components(new ComponentBox(theme)), m_updates(new UpdateBlock(coordinator, theme)),
+    : Retranslated(parent), m_coordinator(coordinator), m_theme(theme),
+      m_refresh([this] { refresh(); }), m_emptyState(new EmptyStateView(theme, "sidebar.right")),
+      m_header(new DetailHeader(theme)), m_verdict(new VerdictBox(theme)),
+      m_facts(new FactRows(theme)), m_components(new ComponentBox(theme)),
+      m_updates(new UpdateBlock(coordinator, theme)),
       m_actions(new ActionButtons(coordinator, workspace)) {
     setObjectName(QStringLiteral("DetailView"));
     m_scrollArea = makeScrollArea(makeBlocks());
@@ -63,10 +63,8 @@ QWidget* DetailView::makeBlocks() {
     return blocks;
 }
 
-void DetailView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        m_refresh.now();
-    QWidget::changeEvent(event);
+void DetailView::retranslate() {
+    m_refresh.now();
 }
 
 void DetailView::paintEvent(QPaintEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "model/ScanItem.h"
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -27,7 +28,7 @@ class VerdictBox;
 
 /// The right column: all that is known of the selected object, what the program thinks of it and
 /// why, and what can be done about it.
-class DetailView : public QWidget {
+class DetailView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -40,12 +41,12 @@ Q_SIGNALS:
     void rosettaGuideRequested();
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* makeBlocks();
     void refresh();
+    void retranslate() final;
     void showItem(const ScanItem& item);
 
     ScanCoordinator& m_coordinator;

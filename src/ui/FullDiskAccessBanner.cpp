@@ -10,7 +10,6 @@
 #include "ui/Theme.h"
 #include "ui/WrapLabel.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
@@ -20,7 +19,7 @@ namespace veridane::ui {
 
 FullDiskAccessBanner::FullDiskAccessBanner(ScanCoordinator& coordinator, const Theme& theme,
                                            QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_theme(theme),
+    : Retranslated(parent), m_coordinator(coordinator), m_theme(theme),
       m_refresh([this] { setVisible(!m_coordinator.hasFullDiskAccess().get()); }),
       m_title(new WrapLabel(theme, TextStyle::calloutSemibold)),
       m_hint(new WrapLabel(theme, TextStyle::caption, Tone::secondary)),
@@ -47,12 +46,6 @@ FullDiskAccessBanner::FullDiskAccessBanner(ScanCoordinator& coordinator, const T
 }
 
 FullDiskAccessBanner::~FullDiskAccessBanner() = default;
-
-void FullDiskAccessBanner::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
-}
 
 void FullDiskAccessBanner::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -17,7 +18,7 @@ class WrapLabel;
 
 /// Says that the scan cannot see everything, and leads to the settings that allow it. There only
 /// while access is missing.
-class FullDiskAccessBanner : public QWidget {
+class FullDiskAccessBanner : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -27,11 +28,10 @@ public:
     ~FullDiskAccessBanner() override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void retranslate();
+    void retranslate() final;
 
     ScanCoordinator& m_coordinator;
     const Theme& m_theme;

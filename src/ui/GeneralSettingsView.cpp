@@ -18,7 +18,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -45,7 +44,7 @@ QHBoxLayout* addRow(QVBoxLayout& group, const Theme& theme, bool isFirst = false
 
 GeneralSettingsView::GeneralSettingsView(Preferences& preferences, Relauncher& relauncher,
                                          const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_preferences(preferences), m_relauncher(relauncher), m_theme(theme),
+    : Retranslated(parent), m_preferences(preferences), m_relauncher(relauncher), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     m_appearanceTitle = new Label(theme, TextStyle::headline);
     m_languageTitle = new Label(theme, TextStyle::headline);
@@ -136,12 +135,6 @@ void GeneralSettingsView::chooseLanguage(int index) {
     m_preferences.setAppLanguage(language);
     m_preferences.applyLanguage(m_preferences.appLanguage());
     m_restartHint->show();
-}
-
-void GeneralSettingsView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void GeneralSettingsView::retranslate() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -18,7 +19,7 @@ class Theme;
 class WrapLabel;
 
 /// Appearance and language. A choice takes effect the moment that it is made.
-class GeneralSettingsView : public QWidget {
+class GeneralSettingsView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -27,15 +28,12 @@ public:
                         QWidget* parent = nullptr);
     ~GeneralSettingsView() override;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     [[nodiscard]] QWidget* makeAppearanceGroup();
     [[nodiscard]] QWidget* makeLanguageGroup();
     [[nodiscard]] QWidget* makeRestartHint();
     void chooseLanguage(int index);
-    void retranslate();
+    void retranslate() final;
     void refresh();
 
     Preferences& m_preferences;

@@ -12,7 +12,6 @@
 #include "ui/Theme.h"
 #include "ui/WrapLabel.h"
 
-#include <QEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -35,8 +34,8 @@ QWidget* focusableBefore(QWidget& widget) {
 
 MakerCard::MakerCard(PictureLoader& pictures, Workspace& workspace, const Theme& theme,
                      QWidget* parent)
-    : Card(theme, CardStyle::tinted, metrics::largeCardRadius, parent), m_pictures(pictures),
-      m_workspace(workspace), m_theme(theme),
+    : Retranslated(theme, CardStyle::tinted, metrics::largeCardRadius, parent),
+      m_pictures(pictures), m_workspace(workspace), m_theme(theme),
       m_service(new WrapLabel(theme, TextStyle::calloutMedium)),
       m_invitation(new WrapLabel(theme, TextStyle::callout, Tone::secondary)),
       m_moreApps(new QPushButton) {
@@ -93,12 +92,6 @@ void MakerCard::setCatalogueVisible(bool isVisible) {
 
 void MakerCard::open(const MirefoldApp& app) {
     m_workspace.openAddress(AppCatalogue::destination(app));
-}
-
-void MakerCard::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    Card::changeEvent(event);
 }
 
 void MakerCard::retranslate() {

@@ -2,6 +2,7 @@
 
 #include "coordination/AppCatalogue.h"
 #include "ui/Card.h"
+#include "ui/Retranslated.h"
 
 #include <vector>
 
@@ -20,7 +21,7 @@ class PictureLoader;
 class WrapLabel;
 
 /// Whose program this is, and what else there is of theirs.
-class MakerCard : public Card {
+class MakerCard : public Retranslated<Card> {
     Q_OBJECT
 
 public:
@@ -31,13 +32,10 @@ public:
     void setApps(std::vector<MirefoldApp> apps);
     void setCatalogueVisible(bool isVisible);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     void makeCatalogue();
     void open(const MirefoldApp& app);
-    void retranslate();
+    void retranslate() final;
 
     PictureLoader& m_pictures;
     Workspace& m_workspace;

@@ -38,8 +38,9 @@ const ScanItem* itemWith(const Uuid& id, const std::vector<ScanItem>& items) {
 
 ResultsTable::ResultsTable(ScanCoordinator& coordinator, Workspace& workspace,
                            Preferences& preferences, const Theme& theme, QWidget* parent)
-    : QTreeView(parent), m_coordinator(coordinator), m_workspace(workspace), m_model(coordinator),
-      m_delegate(coordinator, theme), m_header(new ResultsHeader(preferences, theme, this)) {
+    : Retranslated(parent), m_coordinator(coordinator), m_workspace(workspace),
+      m_model(coordinator), m_delegate(coordinator, theme),
+      m_header(new ResultsHeader(preferences, theme, this)) {
     setObjectName(QStringLiteral("resultsTable"));
     setHeader(m_header);
     // A double click beside a title is the header's own affair.
@@ -66,6 +67,7 @@ ResultsTable::ResultsTable(ScanCoordinator& coordinator, Workspace& workspace,
 ResultsTable::~ResultsTable() = default;
 
 void ResultsTable::retranslate() {
+    m_model.retranslate();
     setAccessibleName(toQString(localized("Ergebnisse")));
 }
 
@@ -121,14 +123,6 @@ void ResultsTable::selectionChanged(const QItemSelection& selected,
 int ResultsTable::selectedRow() const {
     const QModelIndexList rows = selectionModel()->selectedRows();
     return rows.isEmpty() ? -1 : rows.front().row();
-}
-
-void ResultsTable::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange) {
-        m_model.retranslate();
-        retranslate();
-    }
-    QTreeView::changeEvent(event);
 }
 
 // Actions

@@ -2,6 +2,7 @@
 
 #include "ui/ResultsDelegate.h"
 #include "ui/ResultsModel.h"
+#include "ui/Retranslated.h"
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
@@ -24,7 +25,7 @@ class ResultsHeader;
 
 /// The rows of a scan's result. What is selected here is the coordinator's selection, and the other
 /// way round.
-class ResultsTable : public QTreeView {
+class ResultsTable : public Retranslated<QTreeView> {
     Q_OBJECT
 
 public:
@@ -44,7 +45,6 @@ public:
     void keyboardSearch(const QString& text) override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
                  const QModelIndex& index) const override;
@@ -61,7 +61,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void retranslate();
+    void retranslate() final;
     void showSelection();
     void writeSelection();
     bool selectFirst();

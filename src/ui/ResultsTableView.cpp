@@ -7,7 +7,6 @@
 #include "ui/ResultsTable.h"
 #include "ui/Text.h"
 
-#include <QEvent>
 #include <QPushButton>
 #include <QStackedLayout>
 
@@ -15,7 +14,7 @@ namespace veridane::ui {
 
 ResultsTableView::ResultsTableView(ScanCoordinator& coordinator, Workspace& workspace,
                                    Preferences& preferences, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_stack(new QStackedLayout(this)),
+    : Retranslated(parent), m_coordinator(coordinator), m_stack(new QStackedLayout(this)),
       m_table(new ResultsTable(coordinator, workspace, preferences, theme)),
       m_emptyState(new EmptyStateView(theme, "magnifyingglass")), m_button(new QPushButton),
       m_refresh([this] { refresh(); }) {
@@ -48,12 +47,6 @@ void ResultsTableView::retranslate() {
         localized("Noch kein Scan"),
         localized("Starte einen Scan, um zu sehen, welche Programme Rosetta benötigen."));
     m_button->setText(toQString(localized("Jetzt scannen")));
-}
-
-void ResultsTableView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void ResultsTableView::refresh() {

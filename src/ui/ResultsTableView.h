@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -20,7 +21,7 @@ class ResultsTable;
 class Theme;
 
 /// The list of what a scan has found, or the invitation to the first one.
-class ResultsTableView : public QWidget {
+class ResultsTableView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -29,11 +30,8 @@ public:
                      const Theme& theme, QWidget* parent = nullptr);
     ~ResultsTableView() override;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
-    void retranslate();
+    void retranslate() final;
     void refresh();
 
     ScanCoordinator& m_coordinator;

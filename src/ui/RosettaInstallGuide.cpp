@@ -11,7 +11,6 @@
 #include "ui/Theme.h"
 #include "ui/WrapLabel.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
@@ -110,12 +109,6 @@ QLayout* RosettaInstallGuide::makeClosingRow() {
     row->addStretch();
     row->addWidget(m_done);
     return row;
-}
-
-void RosettaInstallGuide::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void RosettaInstallGuide::retranslate() {

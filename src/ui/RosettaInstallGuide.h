@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/CommandBox.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -21,7 +22,7 @@ class WrapLabel;
 
 /// Explains the two ways to get Rosetta 2, which the program itself does not install. The content
 /// of a sheet.
-class RosettaInstallGuide : public QWidget {
+class RosettaInstallGuide : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -34,9 +35,6 @@ public:
 Q_SIGNALS:
     void closeRequested();
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     struct Step {
         Label* title;
@@ -47,7 +45,7 @@ private:
     [[nodiscard]] QLayout* makeStep(std::size_t index);
     [[nodiscard]] QLayout* makeManualWay(CommandBox::Delay delay);
     [[nodiscard]] QLayout* makeClosingRow();
-    void retranslate();
+    void retranslate() final;
 
     Workspace& m_workspace;
     const Theme& m_theme;

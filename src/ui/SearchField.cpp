@@ -7,7 +7,6 @@
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
-#include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -35,7 +34,7 @@ protected:
 };
 
 SearchField::SearchField(const Theme& theme, QWidget* parent)
-    : QLineEdit(parent), m_theme(theme), m_clear(new ClearButton(theme, this)) {
+    : Retranslated(parent), m_theme(theme), m_clear(new ClearButton(theme, this)) {
     setFont(theme.font(TextStyle::body));
     const int room =
         metrics::searchPadding + metrics::searchSymbol + metrics::searchGap - toolkitMargin;
@@ -57,12 +56,6 @@ QSize SearchField::sizeHint() const {
 
 QSize SearchField::minimumSizeHint() const {
     return {metrics::searchMinimum, m_theme.scaled(metrics::searchHeight)};
-}
-
-void SearchField::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QLineEdit::changeEvent(event);
 }
 
 void SearchField::retranslate() {

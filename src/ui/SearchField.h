@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Retranslated.h"
+
 #include <QLineEdit>
 
 namespace veridane::ui {
@@ -8,7 +10,7 @@ class PaintedButton;
 class Theme;
 
 /// The field that narrows the table by text. Escape clears it.
-class SearchField : public QLineEdit {
+class SearchField : public Retranslated<QLineEdit> {
     Q_OBJECT
 
 public:
@@ -18,7 +20,6 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -26,7 +27,7 @@ protected:
 private:
     class ClearButton;
 
-    void retranslate();
+    void retranslate() final;
 
     const Theme& m_theme;
     PaintedButton* m_clear;

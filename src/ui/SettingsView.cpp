@@ -9,7 +9,6 @@
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
-#include <QEvent>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -23,7 +22,7 @@ enum Tab { general, about };
 
 SettingsView::SettingsView(Preferences& preferences, Workspace& workspace, Relauncher& relauncher,
                            const Theme& theme, QWidget* parent)
-    : QDialog(parent), m_tabs(new QTabWidget) {
+    : Retranslated(parent), m_tabs(new QTabWidget) {
     setObjectName(QStringLiteral("SettingsView"));
     setFixedSize(theme.scaled(metrics::settingsWidth), theme.scaled(metrics::settingsHeight));
     m_tabs->setObjectName(QStringLiteral("settingsTabWidget"));
@@ -36,12 +35,6 @@ SettingsView::SettingsView(Preferences& preferences, Workspace& workspace, Relau
     m_tabs->tabBar()->lower(); // so that assistive technology comes to it before the page
     m_tabs->setFocus();        // else the keys that change the tab would have nobody to go to
     retranslate();
-}
-
-void SettingsView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QDialog::changeEvent(event);
 }
 
 void SettingsView::retranslate() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Retranslated.h"
+
 #include <QDialog>
 
 class QTabWidget;
@@ -15,7 +17,7 @@ class Relauncher;
 class Theme;
 
 /// The settings window.
-class SettingsView : public QDialog {
+class SettingsView : public Retranslated<QDialog> {
     Q_OBJECT
 
 public:
@@ -23,11 +25,8 @@ public:
     SettingsView(Preferences& preferences, Workspace& workspace, Relauncher& relauncher,
                  const Theme& theme, QWidget* parent = nullptr);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
-    void retranslate();
+    void retranslate() final;
 
     QTabWidget* m_tabs;
 };

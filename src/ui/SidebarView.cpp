@@ -17,7 +17,6 @@
 #include "ui/Theme.h"
 
 #include <QAbstractButton>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QScrollArea>
@@ -56,9 +55,9 @@ int symbolSizeOf(const SymbolLook& look) {
 } // namespace
 
 SidebarView::SidebarView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_theme(theme), m_refresh([this] { refresh(); }),
-      m_statusRows(new ChoiceGroup(this)), m_kindRows(new ChoiceGroup(this)),
-      m_vendorRows(new ChoiceGroup(this)) {
+    : Retranslated(parent), m_coordinator(coordinator), m_theme(theme),
+      m_refresh([this] { refresh(); }), m_statusRows(new ChoiceGroup(this)),
+      m_kindRows(new ChoiceGroup(this)), m_vendorRows(new ChoiceGroup(this)) {
     setObjectName(QStringLiteral("SidebarView"));
 
     auto* list = new QWidget;
@@ -216,12 +215,6 @@ void SidebarView::chooseVendor(std::optional<std::string> vendor) {
         vendor.reset();
     m_coordinator.setVendorFilter(std::move(vendor));
     m_coordinator.logEvent("vendor_filter_changed");
-}
-
-void SidebarView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void SidebarView::paintEvent(QPaintEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "model/ScanItem.h"
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -27,7 +28,7 @@ class Theme;
 
 /// The left column: who the program and the machine are, and the filters by status, kind and
 /// vendor with their counts.
-class SidebarView : public QWidget {
+class SidebarView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -38,7 +39,6 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -54,7 +54,7 @@ private:
     /// Choosing what is chosen already, or nothing, clears the filter.
     void chooseKind(std::optional<ItemKind> kind);
     void chooseVendor(std::optional<std::string> vendor);
-    void retranslate();
+    void retranslate() final;
     void refresh();
     void refreshKinds();
     void refreshVendors();

@@ -12,7 +12,6 @@
 #include "ui/Theme.h"
 #include "ui/Tile.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QProgressBar>
@@ -74,7 +73,7 @@ std::pair<int, int> barValues(const ScanProgress& progress) {
 
 SummaryHeaderView::SummaryHeaderView(ScanCoordinator& coordinator, const Theme& theme,
                                      QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_theme(theme),
+    : Retranslated(parent), m_coordinator(coordinator), m_theme(theme),
       m_refresh([this] { refresh(); }) {
     setObjectName(QStringLiteral("SummaryHeaderView"));
     auto* column = makeColumn(this);
@@ -167,12 +166,6 @@ QWidget* SummaryHeaderView::makeOverviewForm() {
 void SummaryHeaderView::showFilter(StatusFilter filter) {
     m_coordinator.setStatusFilter(filter);
     m_coordinator.logEvent("status_filter_changed");
-}
-
-void SummaryHeaderView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void SummaryHeaderView::retranslate() {

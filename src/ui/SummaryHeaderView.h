@@ -2,6 +2,7 @@
 
 #include "coordination/StatusFilter.h"
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -23,7 +24,7 @@ class Tile;
 
 /// Above the table: the progress of a running scan, else what the last one says of the machine as a
 /// whole, with tiles that filter.
-class SummaryHeaderView : public QWidget {
+class SummaryHeaderView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -31,14 +32,11 @@ public:
     SummaryHeaderView(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent = nullptr);
     ~SummaryHeaderView() override;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     [[nodiscard]] QWidget* makeProgressForm();
     [[nodiscard]] QWidget* makeOverviewForm();
     [[nodiscard]] QWidget* makeReadyLine();
-    void retranslate();
+    void retranslate() final;
     void refresh();
     void refreshProgress();
     void refreshOverview();

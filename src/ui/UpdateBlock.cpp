@@ -9,7 +9,6 @@
 #include "ui/Text.h"
 #include "ui/WrapLabel.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -24,8 +23,8 @@ bool canBeAsked(UpdateSource source) {
 } // namespace
 
 UpdateBlock::UpdateBlock(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
-    : QWidget(parent), m_coordinator(coordinator), m_title(new Label(theme, TextStyle::headline)),
-      m_source(new FactRow(theme, "updateSource")),
+    : Retranslated(parent), m_coordinator(coordinator),
+      m_title(new Label(theme, TextStyle::headline)), m_source(new FactRow(theme, "updateSource")),
       m_appcast(new FactRow(theme, "appcast", FactStyle::monospaced)),
       m_statusTitle(new Label(theme, TextStyle::callout, Tone::secondary)),
       m_status(new WrapLabel(theme, TextStyle::callout)), m_check(new QPushButton) {
@@ -49,12 +48,6 @@ UpdateBlock::UpdateBlock(ScanCoordinator& coordinator, const Theme& theme, QWidg
     column->addWidget(m_appcast);
     column->addLayout(status);
     retranslate();
-}
-
-void UpdateBlock::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void UpdateBlock::retranslate() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Retranslated.h"
+
 #include <QWidget>
 
 class QPushButton;
@@ -17,7 +19,7 @@ class Theme;
 class WrapLabel;
 
 /// Where a newer version of the selected object would come from, and whether there is one.
-class UpdateBlock : public QWidget {
+class UpdateBlock : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -26,11 +28,8 @@ public:
 
     void showItem(const ScanItem& item);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
-    void retranslate();
+    void retranslate() final;
     void checkSelected();
 
     ScanCoordinator& m_coordinator;

@@ -14,7 +14,6 @@
 #include "ui/Theme.h"
 #include "ui/WrapLabel.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -156,12 +155,6 @@ void WelcomeView::keyPressEvent(QKeyEvent* event) {
 void WelcomeView::refresh() {
     m_makerCard->setApps(m_apps.get());
     m_makerCard->setCatalogueVisible(m_network.isOnline().get() && !m_apps.get().empty());
-}
-
-void WelcomeView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
-    QWidget::changeEvent(event);
 }
 
 void WelcomeView::retranslate() {

@@ -4,6 +4,7 @@
 #include "coordination/NetworkMonitor.h"
 #include "ui/PictureLoader.h"
 #include "ui/Refresh.h"
+#include "ui/Retranslated.h"
 
 #include <QWidget>
 
@@ -38,7 +39,7 @@ struct WelcomeServices {
 /// Greets the user: what the program is for, why it matters now, and what else its maker offers.
 /// The content of a sheet. Asks the maker's site for the list of applications when it appears, and
 /// shows the list only while the machine is online.
-class WelcomeView : public QWidget {
+class WelcomeView : public Retranslated<QWidget> {
     Q_OBJECT
 
 public:
@@ -52,7 +53,6 @@ Q_SIGNALS:
     void dismissed();
 
 protected:
-    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -64,7 +64,7 @@ private:
     void fetchCatalogue();
     void finish(const AppCatalogue::Outcome& outcome);
     void refresh();
-    void retranslate();
+    void retranslate() final;
 
     HttpClient& m_client;
     MainQueue& m_queue;
