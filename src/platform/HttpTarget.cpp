@@ -34,6 +34,14 @@ bool hasControlCharacters(const std::string& text) {
     return false;
 }
 
+/// A host may be escaped twice, or turn into an address in numbers when its escapes are resolved.
+/// Whoever reads such a URL again ends up elsewhere.
+bool leadsToItself(const Url& url) {
+    const CurlUrl again(curl_url());
+    return again && curl_url_set(again.get(), CURLUPART_URL, url.text().c_str(), 0) == CURLUE_OK &&
+           part(again, CURLUPART_URL) == url.text();
+}
+
 } // namespace
 
 HttpTarget::OrError HttpTarget::of(const Url& url) {
@@ -69,7 +77,7 @@ HttpTarget::OrError HttpTarget::resolved(const std::string* base, const std::str
 
     // Escapes in a host are resolved by now, and must not have brought back what a URL cannot hold.
     const auto text = Url::parse(part(url, CURLUPART_URL));
-    if (!text)
+    if (!text || !leadsToItself(*text))
         return failure(CURLUE_MALFORMED_INPUT);
     const std::string port = part(url, CURLUPART_PORT, CURLU_DEFAULT_PORT);
     return HttpTarget(text->text(), text::lowercased(scheme + "://" + host + ":" + port));

@@ -133,6 +133,7 @@ TEST(HttpClient, OnlyAnAddressOnTheWebIsAsked) {
         {"feed://127.0.0.1/", "Unsupported URL scheme"},
         {"http://", "No host part in the URL"},
         {"http://a%0d%0ab/", "Bad hostname"},
+        {"http://%39/", "Malformed input to a URL function"}, // read again, it is 0.0.0.9
     };
     for (const auto& [url, result] : cases)
         EXPECT_EQ(fetched(url), result) << url;
