@@ -57,7 +57,7 @@ TEST(StoreAnswer, IsUselessWhereItIsNestedWithoutEnd) {
                std::string(depth - 3, ']') + "}]}";
     };
     EXPECT_EQ(storeVersion(answer(512)), "1");
-    for (const std::size_t depth : {513, 200'000})
+    for (const std::size_t depth : {513U, 200'000U})
         EXPECT_EQ(storeVersion(answer(depth)), std::nullopt);
 }
 
