@@ -76,13 +76,11 @@ class FleetTest(unittest.TestCase):
 
     def test_the_document_shows_the_statements_that_are_run(self):
         text = self.recipe.DOCUMENT.read_text(encoding="utf-8")
-        shown = re.findall(r"(?ms)^```text\n(.*?)\n```$", text)
         # With the document's own outputs in their places only a statement can differ.
         titles = ["Load", *self.recipe.sections((ROOT / "docs/fleet/questions.sql").read_text())]
         outputs = {title: re.search(rf"(?ms)^#+ {re.escape(title)}\n.*?^```text\n(.*?)\n```$", text)[1]
                    for title in titles}
         self.assertEqual(self.recipe.documented(text, outputs), text)
-        self.assertGreaterEqual(len(shown), len(titles))
 
 
 if __name__ == "__main__":
