@@ -75,8 +75,11 @@ ORDER BY "need Rosetta 2" + "hide Intel parts" DESC, macName LIMIT 10;
 
 .print
 .print # Which Macs are ready today?
-SELECT count(*) AS ready, min(name) AS first, max(name) AS last
-FROM macs WHERE collection = 'spring' AND id NOT IN (SELECT mac FROM work);
+SELECT count(*) AS ready, min(objects) AS "fewest objects", max(objects) AS "most objects"
+FROM (SELECT count(objects.id) AS objects
+      FROM macs LEFT JOIN objects ON mac = macs.id
+      WHERE macs.collection = 'spring' AND macs.id NOT IN (SELECT mac FROM work)
+      GROUP BY macs.id);
 
 .print
 .print # What has changed between two collections?

@@ -96,7 +96,7 @@ protected:
     std::string outputOf(Texts arguments) {
         std::ostringstream out, err;
         arguments.insert(arguments.begin() + 1, {"--volume", volume.root()});
-        EXPECT_EQ(run(arguments, Console{out, err}, {}), 0) << err.str();
+        EXPECT_EQ(run(arguments, Console{.out = out, .err = err}, {}), 0) << err.str();
         return out.str();
     }
     std::string scan(const std::string& format) { return outputOf({"scan", "--format", format}); }

@@ -1,5 +1,6 @@
 """Runs the recipe of docs/fleet.md with twelve Macs, and holds its answers against what the writer
 of the Macs says of them."""
+import collections
 import importlib.machinery
 import importlib.util
 import pathlib
@@ -61,6 +62,23 @@ class FleetTest(unittest.TestCase):
                   for row in rows if row[0] == "incompatible"]
         table = self.answers()["What runs on none of the Macs any more?"].splitlines()
         self.assertEqual(sum(int(line.rsplit("|", 1)[1]) for line in table), len(relics))
+
+    def test_the_statements_judge_like_the_summary_of_a_scan(self):
+        order = ("breaksOnMacOS28", "partiallyAffected", "switchToNative", "ready", "alreadyBroken", "unknown")
+        total = collections.Counter()
+        for number in range(1, COUNT + 1):
+            with tempfile.TemporaryDirectory(dir=self.recipe.MEMORY) as folder:
+                volume = f"{folder}/volume"
+                subprocess.run([PROGRAMS / "veridane-sample-fleet", str(number), volume], check=True)
+                summary = subprocess.run([PROGRAMS / "veridane-cli", "scan", "--volume", volume],
+                                         stdout=subprocess.PIPE, check=True).stdout.decode()
+            shown = dict(zip(order, map(int, re.findall(r"(?m)^ +(\d+)  [●○] ", summary))))
+            found = collections.Counter(urgency for urgency, in self.database.execute(
+                "SELECT urgency FROM objects JOIN macs ON macs.id = mac "
+                "WHERE collection = 'spring' AND macs.name = ?", (f"mac-{number:04}",)))
+            self.assertEqual({name: found[name] for name in order}, shown)
+            total += found
+        self.assertGreater(total["switchToNative"], 0)
 
     def test_what_is_no_report_is_refused_by_name_and_its_mac_missed(self):
         report = self.directory / "autumn" / "mac-0001.json"
