@@ -9,7 +9,7 @@
 #include <QStyleOption>
 #include <QWidget>
 
-namespace veridane::ui::button_drawing {
+namespace veridane::ui::ButtonDrawing {
 namespace {
 
 struct Shape {
@@ -205,4 +205,4 @@ QSize popUpSize(const Theme& theme, const QSize& text) {
             theme.scaled(metrics::buttonHeight)};
 }
 
-} // namespace veridane::ui::button_drawing
+} // namespace veridane::ui::ButtonDrawing

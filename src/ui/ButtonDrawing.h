@@ -14,7 +14,7 @@ class Theme;
 }
 
 /// How buttons look and how large they are, by their role.
-namespace veridane::ui::button_drawing {
+namespace veridane::ui::ButtonDrawing {
 
 void drawBevel(const Theme& theme, const QStyleOptionButton& option, QPainter& painter,
                const QWidget* widget);
@@ -31,4 +31,4 @@ void drawTool(const Theme& theme, const QStyleOptionToolButton& option, QPainter
 void drawPopUp(const Theme& theme, const QStyleOptionComboBox& option, QPainter& painter);
 [[nodiscard]] QSize popUpSize(const Theme& theme, const QSize& text);
 
-} // namespace veridane::ui::button_drawing
+} // namespace veridane::ui::ButtonDrawing

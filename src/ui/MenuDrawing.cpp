@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace veridane::ui::menu_drawing {
+namespace veridane::ui::MenuDrawing {
 namespace {
 
 bool isSeparator(const QStyleOptionMenuItem& option) {
@@ -97,4 +97,4 @@ QSize titleSize(const Theme& theme, const QStyleOptionMenuItem& option) {
             theme.lineHeight(TextStyle::body) + 2 * metrics::menuPadding};
 }
 
-} // namespace veridane::ui::menu_drawing
+} // namespace veridane::ui::MenuDrawing

@@ -11,7 +11,7 @@ class Theme;
 }
 
 /// How menus, their entries and the titles in the menu bar look.
-namespace veridane::ui::menu_drawing {
+namespace veridane::ui::MenuDrawing {
 
 void drawPanel(const Theme& theme, const QRect& rect, QPainter& painter);
 void drawEntry(const Theme& theme, const QStyleOptionMenuItem& option, QPainter& painter);
@@ -23,4 +23,4 @@ void drawTitle(const Theme& theme, const QStyleOptionMenuItem& option, QPainter&
 /// Whether what is left out of a menu's corners shows what is behind it.
 [[nodiscard]] bool canHaveRoundCorners();
 
-} // namespace veridane::ui::menu_drawing
+} // namespace veridane::ui::MenuDrawing

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace veridane::ui::scroll_bar_drawing {
+namespace veridane::ui::ScrollBarDrawing {
 
 QRect thumb(const QStyleOptionSlider& option) {
     const bool isHorizontal = option.orientation == Qt::Horizontal;
@@ -47,4 +47,4 @@ void draw(const Theme& theme, const QStyleOptionSlider& option, QPainter& painte
                                     : theme.colours().scrollThumb);
 }
 
-} // namespace veridane::ui::scroll_bar_drawing
+} // namespace veridane::ui::ScrollBarDrawing

@@ -10,9 +10,9 @@ class Theme;
 }
 
 /// Scroll bars that lie over the content: nothing but a thumb.
-namespace veridane::ui::scroll_bar_drawing {
+namespace veridane::ui::ScrollBarDrawing {
 
 [[nodiscard]] QRect thumb(const QStyleOptionSlider& option);
 void draw(const Theme& theme, const QStyleOptionSlider& option, QPainter& painter);
 
-} // namespace veridane::ui::scroll_bar_drawing
+} // namespace veridane::ui::ScrollBarDrawing

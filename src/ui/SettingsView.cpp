@@ -29,8 +29,8 @@ SettingsView::SettingsView(Preferences& preferences, Workspace& workspace, Relau
     m_tabs->setUsesScrollButtons(false);
     m_tabs->insertTab(general, new GeneralSettingsView(preferences, relauncher, theme), {});
     m_tabs->insertTab(about, new AboutSettingsView(workspace, theme), {});
-    tab_drawing::setSymbol(*m_tabs->tabBar(), general, "gearshape");
-    tab_drawing::setSymbol(*m_tabs->tabBar(), about, "info.circle");
+    TabDrawing::setSymbol(*m_tabs->tabBar(), general, "gearshape");
+    TabDrawing::setSymbol(*m_tabs->tabBar(), about, "info.circle");
     makeColumn(this)->addWidget(m_tabs);
     m_tabs->tabBar()->lower(); // so that assistive technology comes to it before the page
     m_tabs->setFocus();        // else the keys that change the tab would have nobody to go to

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <string>
 
-namespace veridane::ui::tab_drawing {
+namespace veridane::ui::TabDrawing {
 namespace {
 
 // Half of the gap between two tabs. The toolkit knows of no gap: their rectangles meet in it.
@@ -90,4 +90,4 @@ void drawEdge(const Theme& theme, const QRect& rect, QPainter& painter) {
                      theme.colours().separator);
 }
 
-} // namespace veridane::ui::tab_drawing
+} // namespace veridane::ui::TabDrawing

@@ -15,7 +15,7 @@ class Theme;
 }
 
 /// A strip of tabs, each a symbol above its label, over the full width of what they change.
-namespace veridane::ui::tab_drawing {
+namespace veridane::ui::TabDrawing {
 
 /// Gives a tab the symbol above its label.
 void setSymbol(QTabBar& bar, int tab, std::string_view name);
@@ -28,4 +28,4 @@ void drawTab(const Theme& theme, const QStyleOptionTab& option, QPainter& painte
 /// The line between the strip and what is below it, at the top of `rect`.
 void drawEdge(const Theme& theme, const QRect& rect, QPainter& painter);
 
-} // namespace veridane::ui::tab_drawing
+} // namespace veridane::ui::TabDrawing

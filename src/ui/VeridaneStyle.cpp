@@ -52,7 +52,7 @@ void drawMenuEntry(const Theme& theme, QStyleOptionMenuItem entry, QPainter& pai
         painter.fillRect(entry.rect, theme.colours().popover);
         entry.rect.adjust(inset, 0, -inset, 0);
     }
-    menu_drawing::drawEntry(theme, entry, painter);
+    MenuDrawing::drawEntry(theme, entry, painter);
 }
 
 void drawProgress(const Theme& theme, const QStyleOptionProgressBar& option, QPainter& painter) {
@@ -117,7 +117,7 @@ void VeridaneStyle::polish(QWidget* widget) {
     if (const auto* list = qobject_cast<QAbstractItemView*>(widget);
         list && list->parentWidget() && list->parentWidget()->inherits("QComboBoxPrivateContainer"))
         list->viewport()->setBackgroundRole(QPalette::ToolTipBase);
-    if (qobject_cast<QMenu*>(widget) && menu_drawing::canHaveRoundCorners())
+    if (qobject_cast<QMenu*>(widget) && MenuDrawing::canHaveRoundCorners())
         widget->setAttribute(Qt::WA_TranslucentBackground);
     if (qobject_cast<QTabBar*>(widget))
         widget->setAttribute(Qt::WA_Hover);
@@ -200,10 +200,10 @@ void VeridaneStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_FrameTabBarBase:
         return;
     case PE_FrameTabWidget:
-        tab_drawing::drawEdge(m_theme, option->rect, *painter);
+        TabDrawing::drawEdge(m_theme, option->rect, *painter);
         return;
     case PE_PanelMenu:
-        menu_drawing::drawPanel(m_theme, option->rect, *painter);
+        MenuDrawing::drawPanel(m_theme, option->rect, *painter);
         return;
     case PE_PanelTipLabel:
         painter->fillRect(option->rect, colours.popover);
@@ -228,10 +228,10 @@ void VeridaneStyle::drawControl(ControlElement element, const QStyleOption* opti
                                 QPainter* painter, const QWidget* widget) const {
     switch (element) {
     case CE_PushButtonBevel:
-        button_drawing::drawBevel(m_theme, as<QStyleOptionButton>(option), *painter, widget);
+        ButtonDrawing::drawBevel(m_theme, as<QStyleOptionButton>(option), *painter, widget);
         return;
     case CE_PushButtonLabel:
-        button_drawing::drawLabel(m_theme, as<QStyleOptionButton>(option), *painter, widget);
+        ButtonDrawing::drawLabel(m_theme, as<QStyleOptionButton>(option), *painter, widget);
         return;
     case CE_ProgressBarGroove:
         painting::fillRounded(*painter, option->rect, metrics::progressHeight / 2.0,
@@ -244,14 +244,14 @@ void VeridaneStyle::drawControl(ControlElement element, const QStyleOption* opti
         drawMenuEntry(m_theme, as<QStyleOptionMenuItem>(option), *painter, widget);
         return;
     case CE_MenuBarItem:
-        menu_drawing::drawTitle(m_theme, as<QStyleOptionMenuItem>(option), *painter);
+        MenuDrawing::drawTitle(m_theme, as<QStyleOptionMenuItem>(option), *painter);
         return;
     case CE_ComboBoxLabel: // drawn with the pop-up
     case CE_MenuBarEmptyArea:
     case CE_MenuEmptyArea:
         return;
     case CE_TabBarTab:
-        tab_drawing::drawTab(m_theme, as<QStyleOptionTab>(option), *painter, widget);
+        TabDrawing::drawTab(m_theme, as<QStyleOptionTab>(option), *painter, widget);
         return;
     case CE_Splitter:
         painter->fillRect(option->rect, m_theme.colours().window);
@@ -266,16 +266,16 @@ void VeridaneStyle::drawComplexControl(ComplexControl control, const QStyleOptio
                                        QPainter* painter, const QWidget* widget) const {
     switch (control) {
     case CC_ScrollBar:
-        scroll_bar_drawing::draw(m_theme, as<QStyleOptionSlider>(option), *painter);
+        ScrollBarDrawing::draw(m_theme, as<QStyleOptionSlider>(option), *painter);
         return;
     case CC_ToolButton:
         // The buttons inside of fields have nothing but their picture.
         if (as<QStyleOptionToolButton>(option).text.isEmpty())
             break;
-        button_drawing::drawTool(m_theme, as<QStyleOptionToolButton>(option), *painter, widget);
+        ButtonDrawing::drawTool(m_theme, as<QStyleOptionToolButton>(option), *painter, widget);
         return;
     case CC_ComboBox:
-        button_drawing::drawPopUp(m_theme, as<QStyleOptionComboBox>(option), *painter);
+        ButtonDrawing::drawPopUp(m_theme, as<QStyleOptionComboBox>(option), *painter);
         return;
     default:
         break;
@@ -288,7 +288,7 @@ QRect VeridaneStyle::subControlRect(ComplexControl control, const QStyleOptionCo
     if (control != CC_ScrollBar)
         return QProxyStyle::subControlRect(control, option, subControl, widget);
     const auto& slider = as<QStyleOptionSlider>(option);
-    const QRect thumb = scroll_bar_drawing::thumb(slider);
+    const QRect thumb = ScrollBarDrawing::thumb(slider);
     const bool isHorizontal = slider.orientation == Qt::Horizontal;
     QRect rect = slider.rect;
     switch (subControl) {
@@ -316,13 +316,12 @@ QRect VeridaneStyle::subElementRect(SubElement element, const QStyleOption* opti
     case SE_TabWidgetTabBar: {
         const QSize bar = as<QStyleOptionTabWidgetFrame>(option).tabBarSize;
         return {(option->rect.width() - bar.width()) / 2, 0, bar.width(),
-                tab_drawing::stripHeight(m_theme)};
+                TabDrawing::stripHeight(m_theme)};
     }
     case SE_TabWidgetTabPane: // with the line at the lower edge of the strip
-        return option->rect.adjusted(0, tab_drawing::stripHeight(m_theme) - metrics::hairline, 0,
-                                     0);
+        return option->rect.adjusted(0, TabDrawing::stripHeight(m_theme) - metrics::hairline, 0, 0);
     case SE_TabWidgetTabContents:
-        return option->rect.adjusted(0, tab_drawing::stripHeight(m_theme), 0, 0);
+        return option->rect.adjusted(0, TabDrawing::stripHeight(m_theme), 0, 0);
     default:
         return QProxyStyle::subElementRect(element, option, widget);
     }
@@ -332,19 +331,19 @@ QSize VeridaneStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
                                       const QSize& size, const QWidget* widget) const {
     switch (type) {
     case CT_PushButton:
-        return button_drawing::size(m_theme, as<QStyleOptionButton>(option), widget);
+        return ButtonDrawing::size(m_theme, as<QStyleOptionButton>(option), widget);
     case CT_ToolButton:
         if (as<QStyleOptionToolButton>(option).text.isEmpty())
             break;
-        return button_drawing::toolSize(m_theme, as<QStyleOptionToolButton>(option));
+        return ButtonDrawing::toolSize(m_theme, as<QStyleOptionToolButton>(option));
     case CT_ComboBox:
-        return button_drawing::popUpSize(m_theme, size);
+        return ButtonDrawing::popUpSize(m_theme, size);
     case CT_TabBarTab:
-        return tab_drawing::size(m_theme, as<QStyleOptionTab>(option));
+        return TabDrawing::size(m_theme, as<QStyleOptionTab>(option));
     case CT_MenuItem:
-        return menu_drawing::entrySize(m_theme, as<QStyleOptionMenuItem>(option));
+        return MenuDrawing::entrySize(m_theme, as<QStyleOptionMenuItem>(option));
     case CT_MenuBarItem:
-        return menu_drawing::titleSize(m_theme, as<QStyleOptionMenuItem>(option));
+        return MenuDrawing::titleSize(m_theme, as<QStyleOptionMenuItem>(option));
     default:
         break;
     }
