@@ -8,19 +8,13 @@
 #include "ui/Metrics.h"
 #include "ui/Text.h"
 #include "ui/WrapLabel.h"
+#include "updates/UpdateChecker.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace veridane::ui {
-namespace {
-
-bool canBeAsked(UpdateSource source) {
-    return source == UpdateSource::macAppStore || source == UpdateSource::sparkle;
-}
-
-} // namespace
 
 UpdateBlock::UpdateBlock(ScanCoordinator& coordinator, const Theme& theme, QWidget* parent)
     : Retranslated(parent), m_coordinator(coordinator),
@@ -60,7 +54,7 @@ void UpdateBlock::showItem(const ScanItem& item) {
     m_source->setFact(localized("Quelle"), displayName(item.updateSource));
     m_appcast->setFact(localized("Appcast"), item.sparkleFeedURL);
     m_status->setText(shown(displayName(item.updateResult)));
-    m_check->setVisible(canBeAsked(item.updateSource));
+    m_check->setVisible(UpdateChecker::hasSource(item));
 }
 
 void UpdateBlock::checkSelected() {

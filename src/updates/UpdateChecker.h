@@ -22,7 +22,7 @@ struct Sources {
     std::string storeLookup; // scheme, host and port of the lookup service
 };
 
-/// Whether objects of that source are looked up at all.
+/// Whether objects of its source are looked up at all.
 [[nodiscard]] bool hasSource(const ScanItem& item);
 
 /// Starts the check of one object and returns at once. Safe on any thread.
