@@ -39,7 +39,7 @@ void trustAuthorities(CURL* handle, const std::optional<std::string>& caFile) {
 
 /// How many compressions a line of the headers names.
 int compressionsIn(std::string_view line) {
-    const std::size_t colon = line.find(':');
+    const std::size_t colon = std::min(line.find(':'), line.size());
     const std::string name = text::lowercased(line.substr(0, colon));
     if (name != "content-encoding" && name != "transfer-encoding")
         return 0;
