@@ -63,7 +63,7 @@ bool TemporaryFile::isOurs() const {
 
 bool TemporaryFile::moveTo(const std::string& path) {
     // A second descriptor, since closing the last one would give the lock back too early.
-    Descriptor second(::dup(m_file.get()));
+    Descriptor second(::fcntl(m_file.get(), F_DUPFD_CLOEXEC, 0));
     if (!second || !closeChecked(std::move(second)))
         return false;
     if (::rename(m_path.c_str(), path.c_str()) != 0)
