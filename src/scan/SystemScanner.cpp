@@ -6,6 +6,9 @@
 #include "scan/FileItems.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <string>
 #include <thread>
 #include <tuple>
@@ -28,7 +31,6 @@ struct Place {
     int rank;
     std::string nameKey;
     std::size_t index;
-    auto operator<=>(const Place&) const = default;
 };
 
 int sortRank(CompatibilityStatus status) {
@@ -142,8 +144,8 @@ private:
             const ScanItem& item = m_found[i];
             places.push_back({sortRank(item.status), collation.key(item.name), i});
         }
-        std::ranges::sort(places, [](const Place& a, const Place& b) {
-            return std::tie(a.rank, a.nameKey, a.index) < std::tie(b.rank, b.nameKey, b.index);
+        std::ranges::sort(places, {}, [](const Place& place) {
+            return std::tie(place.rank, place.nameKey, place.index);
         });
         std::vector<ScanItem> items;
         items.reserve(places.size());
