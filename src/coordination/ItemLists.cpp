@@ -46,7 +46,7 @@ ItemLists::ItemLists(std::span<const ScanItem> items, const NativeCounterparts& 
         m_texts += searchedText(items[i]);
         m_entries.push_back({&items[i], m_urgencies[i], m_texts.size()});
     }
-    m_byIdentifier = std::move(order);
+    m_byIdentifier.resize(items.size());
     std::iota(m_byIdentifier.begin(), m_byIdentifier.end(), std::size_t{0});
     // Of several with the same, as a file may have them, the first one counts.
     std::ranges::sort(m_byIdentifier, {}, [this](std::size_t place) {
