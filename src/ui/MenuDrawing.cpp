@@ -78,9 +78,8 @@ QSize entrySize(const Theme& theme, const QStyleOptionMenuItem& option) {
 void drawTitle(const Theme& theme, const QStyleOptionMenuItem& option, QPainter& painter) {
     const bool isOpen = option.state.testFlag(QStyle::State_Sunken);
     const bool isHovered = option.state.testFlag(QStyle::State_Selected);
-    const QRect rect =
-        option.rect.adjusted(0, (option.rect.height() - titleSize(theme, option).height()) / 2, 0,
-                             -(option.rect.height() - titleSize(theme, option).height()) / 2);
+    const int room = (option.rect.height() - titleSize(theme, option).height()) / 2;
+    const QRect rect = option.rect.adjusted(0, room, 0, -room);
     if (isOpen || isHovered)
         painting::fillRounded(painter, rect, metrics::buttonRadius,
                               isOpen ? theme.colours().pressed : theme.colours().hover);
