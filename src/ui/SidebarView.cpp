@@ -64,11 +64,11 @@ SidebarView::SidebarView(ScanCoordinator& coordinator, const Theme& theme, QWidg
     list->setObjectName(QStringLiteral("sidebarList"));
     auto* rows = makeColumn(list);
     rows->setContentsMargins(metrics::space10, 0, metrics::space10, metrics::space10);
-    addSectionTitle(*rows, m_systemTitle, metrics::space10);
+    m_systemTitle = addSectionTitle(*rows, metrics::space10);
     rows->addWidget(makeSystemLines());
-    addSectionTitle(*rows, m_statusTitle, metrics::sectionGap);
+    m_statusTitle = addSectionTitle(*rows, metrics::sectionGap);
     addStatusRows(*rows);
-    addSectionTitle(*rows, m_kindTitle, metrics::sectionGap);
+    m_kindTitle = addSectionTitle(*rows, metrics::sectionGap);
     addKindRows(*rows);
     rows->addSpacing(metrics::space8);
     addVendorGroup(*rows);
@@ -143,10 +143,11 @@ QWidget* SidebarView::makeSystemLines() {
     return widget;
 }
 
-void SidebarView::addSectionTitle(QVBoxLayout& column, Label*& title, int room) {
-    title = new Label(m_theme, TextStyle::subheadline, Tone::secondary);
+Label* SidebarView::addSectionTitle(QVBoxLayout& column, int room) {
+    auto* title = new Label(m_theme, TextStyle::subheadline, Tone::secondary);
     title->setContentsMargins(metrics::space6, room, metrics::space6, metrics::space4);
     column.addWidget(title);
+    return title;
 }
 
 void SidebarView::addStatusRows(QVBoxLayout& column) {

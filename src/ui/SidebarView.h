@@ -44,7 +44,7 @@ protected:
 private:
     [[nodiscard]] QWidget* makeHeaderCard();
     [[nodiscard]] QWidget* makeSystemLines();
-    void addSectionTitle(QVBoxLayout& column, Label*& title, int room);
+    [[nodiscard]] Label* addSectionTitle(QVBoxLayout& column, int room);
     void addStatusRows(QVBoxLayout& column);
     [[nodiscard]] SidebarRow* addRow(QVBoxLayout& column, ChoiceGroup& group,
                                      std::string_view symbol, bool isVerbatim = false);
