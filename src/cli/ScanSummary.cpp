@@ -16,6 +16,7 @@ namespace veridane::cli {
 namespace {
 
 constexpr std::size_t columnCount = 4;
+constexpr std::size_t widestCell = 36; // one long name must not push every path out of sight
 using Row = std::array<std::string, columnCount>;
 
 struct Judged {
@@ -44,12 +45,10 @@ Row rowOf(const ScanItem& item) {
 
 // Of all columns but the last, which nothing stands behind.
 std::array<std::size_t, columnCount - 1> widthsOf(const std::vector<Row>& rows) {
-    // One long name must not push every path out of sight.
-    constexpr std::size_t widest = 36;
     std::array<std::size_t, columnCount - 1> widths{};
     for (const Row& row : rows) {
         for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], std::min(widest, text::displayWidth(row[i])));
+            widths[i] = std::max(widths[i], std::min(widestCell, text::displayWidth(row[i])));
     }
     return widths;
 }
@@ -59,12 +58,14 @@ std::string cell(std::string_view text, std::size_t width) {
 }
 
 std::string counts(const std::vector<Judged>& judged, const Style& style) {
+    constexpr std::size_t numberWidth = 6;
     std::string text;
     for (int value = 0; value < urgencyCount; ++value) {
         const Urgency urgency = *urgencyFromRawValue(value);
         const auto count = std::ranges::count(judged, urgency, &Judged::urgency);
         const std::string number = std::to_string(count);
-        text += "  " + std::string(number.size() < 6 ? 6 - number.size() : 0, ' ') + number + "  ";
+        const std::size_t room = numberWidth - std::min(numberWidth, number.size());
+        text += "  " + std::string(room, ' ') + number + "  ";
         text += count > 0 ? style.inColourOf(urgency, "● " + displayName(urgency))
                           : style.dim("○ " + displayName(urgency));
         text += '\n';
@@ -100,13 +101,12 @@ bool isWorthTelling(const UpdateCheckResult& result) {
 
 /// What there is to get, and what could not be asked; nothing where no check has been made.
 std::string updatesOf(const std::vector<Judged>& judged, const Style& style) {
-    constexpr std::size_t nameWidth = 36;
     constexpr std::size_t resultWidth = 200; // a feed may call its version as long as it likes
     std::string text;
     for (const Judged& entry : judged) {
         if (!isWorthTelling(entry.item->updateResult))
             continue;
-        text += "  " + style.bold(cell(text::printable(entry.item->name), nameWidth)) + "  " +
+        text += "  " + style.bold(cell(text::printable(entry.item->name), widestCell)) + "  " +
                 clipped(text::printable(displayName(entry.item->updateResult)), resultWidth) + "\n";
     }
     return text.empty() ? text : "\n" + style.bold(localized("Updates")) + "\n" + text;
