@@ -9,7 +9,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <string>
 
 namespace veridane::benchmarks {
 

@@ -1,5 +1,4 @@
 #include "platform/CmsSigner.h"
-#include "platform/CodeSignature.h"
 #include "platform/Locale.h"
 #include "platform/PropertyList.h"
 #include "scan/MachOInspector.h"
@@ -11,7 +10,6 @@
 #include <openssl/cms.h>
 #include <openssl/x509.h>
 
-#include <cstdint>
 #include <memory>
 #include <string>
 

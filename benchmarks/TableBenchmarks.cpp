@@ -14,7 +14,6 @@
 #include <benchmark/benchmark.h>
 
 #include <iterator>
-#include <string>
 
 namespace veridane::benchmarks {
 namespace {

@@ -7,7 +7,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <ranges>
 #include <string_view>
 #include <utility>
 

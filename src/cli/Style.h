@@ -2,6 +2,7 @@
 
 #include "model/Recommendation.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 

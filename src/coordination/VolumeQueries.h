@@ -3,6 +3,10 @@
 #include "coordination/SystemInfo.h"
 #include "platform/FileSystem.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+
 namespace veridane {
 
 /// Asks the files of the examined volume, and this machine only where they do not tell.

@@ -6,6 +6,9 @@
 #include <sys/uio.h>
 
 #include <cerrno>
+#include <cstddef>
+#include <span>
+#include <utility>
 
 namespace veridane {
 namespace {

@@ -5,10 +5,8 @@
 #include "platform/WalkVisitor.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <span>
 #include <vector>
 
 namespace veridane {

@@ -4,6 +4,7 @@
 #include "platform/Url.h"
 
 #include <string>
+#include <utility>
 #include <variant>
 
 namespace veridane {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 /// The numbers of the Mach-O and universal forms (mach-o/loader.h, mach-o/fat.h) that more than one

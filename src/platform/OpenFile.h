@@ -3,9 +3,11 @@
 #include "platform/ByteView.h"
 #include "platform/Descriptor.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace veridane {

@@ -2,6 +2,7 @@
 
 #include "platform/ByteView.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,8 +12,8 @@
 namespace veridane {
 
 /// A property list whose root is a dictionary, in the binary form or in XML, as UTF-8 or as UTF-16
-/// with a byte order mark. A damaged or hostile
-/// list (nested without end, unfolding shared objects, keys that are no text) is simply not one.
+/// with a byte order mark. A damaged or hostile list (nested without end, unfolding shared objects,
+/// keys that are no text) is simply not one.
 class PropertyList {
 public:
     /// Files above this size are no property list that anybody meant, in bytes.

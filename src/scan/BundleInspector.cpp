@@ -6,7 +6,6 @@
 #include "scan/SignatureInspector.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace veridane::BundleInspector {
 namespace {

@@ -4,7 +4,6 @@
 #include "platform/WalkVisitor.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 namespace veridane {

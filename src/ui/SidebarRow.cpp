@@ -3,7 +3,6 @@
 #include "ui/FocusRing.h"
 #include "ui/Painting.h"
 #include "ui/TabularText.h"
-#include "ui/Text.h"
 
 #include <QPainter>
 

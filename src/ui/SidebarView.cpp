@@ -2,7 +2,6 @@
 
 #include "coordination/ScanCoordinator.h"
 #include "platform/Language.h"
-#include "platform/Text.h"
 #include "ui/BrandPicture.h"
 #include "ui/Card.h"
 #include "ui/ChoiceGroup.h"

@@ -7,7 +7,6 @@
 #include <QPainter>
 
 #include <cmath>
-#include <utility>
 
 namespace veridane::ui {
 namespace {

@@ -2,12 +2,14 @@
 #include "platform/Environment.h"
 #include "platform/PercentEncoding.h"
 #include "platform/UserDirectories.h"
-#include "support/VolumeTest.h"
 
+#include <gtest/gtest.h>
 #include <pwd.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <string>
+#include <utility>
 
 namespace veridane::test {
 namespace {
