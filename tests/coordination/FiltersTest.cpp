@@ -1,4 +1,4 @@
-#include "CoordinatorFixture.h"
+#include "coordination/CoordinatorFixture.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"
 

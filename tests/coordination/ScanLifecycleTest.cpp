@@ -1,4 +1,4 @@
-#include "CoordinatorFixture.h"
+#include "coordination/CoordinatorFixture.h"
 #include "model/JsonForms.h"
 
 namespace veridane::test {
