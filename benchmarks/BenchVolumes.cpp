@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace veridane::bench {
+namespace veridane::benchmarks {
 namespace {
 
 using namespace test;
@@ -108,11 +108,7 @@ public:
 
     Bytes component(Choice& choice) const {
         const int index = choice.between(0, static_cast<int>(m_signatures.size()) - 1);
-        const Bytes& signature = m_signatures[static_cast<std::size_t>(index)];
-        std::vector<UniversalPart> parts;
-        for (const Slice slice : choice.slices())
-            parts.push_back({slice, thinMachO(slice, signature)});
-        return parts.size() == 1 ? parts.front().file : universalMachO(parts);
+        return machO(choice.slices(), m_signatures[static_cast<std::size_t>(index)]);
     }
 
 private:
@@ -235,4 +231,4 @@ std::string writeVolume(const std::string& directory, const VolumeSize& size) {
     return VolumeWriter(directory, size).run();
 }
 
-} // namespace veridane::bench
+} // namespace veridane::benchmarks

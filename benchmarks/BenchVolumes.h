@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace veridane::bench {
+namespace veridane::benchmarks {
 
 /// How much a volume holds. File counts are reached to within a few per cent.
 struct VolumeSize {
@@ -20,4 +20,4 @@ constexpr VolumeSize hugeBundle = {1, 500'000, 7};
 /// for the bytes of the signatures. Gives what went wrong, or an empty text.
 [[nodiscard]] std::string writeVolume(const std::string& directory, const VolumeSize& size);
 
-} // namespace veridane::bench
+} // namespace veridane::benchmarks

@@ -5,7 +5,7 @@
 
 /// Writes one of the volumes that the scan is timed on.
 int main(int argumentCount, char** arguments) {
-    using namespace veridane::bench;
+    using namespace veridane::benchmarks;
     const std::string_view kind = argumentCount == 3 ? arguments[1] : "";
     const VolumeSize* size = kind == "small"   ? &smallVolume
                              : kind == "large" ? &largeVolume
