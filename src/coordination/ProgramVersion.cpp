@@ -30,8 +30,7 @@ std::string programVersion(const FileSystem& files, const Path& executable) {
     const auto path = propertyListBeside(executable);
     if (!path || !files.exists(*path))
         return withBuild(productVersion, std::nullopt);
-    const auto bytes = files.readWhole(*path, PropertyList::maxFileSize);
-    const auto list = bytes ? PropertyList::parse(ByteView(*bytes)) : std::nullopt;
+    const auto list = PropertyList::read(files, *path);
     if (!list)
         return withBuild(std::nullopt, std::nullopt);
     return withBuild(list->text("CFBundleShortVersionString"), list->text("CFBundleVersion"));

@@ -1,5 +1,6 @@
 #include "platform/PropertyList.h"
 
+#include "platform/FileSystem.h"
 #include "platform/PropertyListGuard.h"
 #include "platform/Text.h"
 #include "platform/UnicodeStrings.h"
@@ -104,6 +105,11 @@ std::optional<PropertyList> PropertyList::parse(ByteView bytes) {
     if (list->root == nullptr || plist_get_node_type(list->root) != PLIST_DICT)
         return std::nullopt;
     return PropertyList(std::move(list));
+}
+
+std::optional<PropertyList> PropertyList::read(const FileSystem& files, const Path& path) {
+    const auto bytes = files.readWhole(path, maxFileSize);
+    return bytes ? parse(ByteView(*bytes)) : std::nullopt;
 }
 
 std::optional<std::string> PropertyList::text(std::string_view key) const {

@@ -11,6 +11,9 @@
 
 namespace veridane {
 
+class FileSystem;
+class Path;
+
 /// A property list whose root is a dictionary, in the binary form or in XML, as UTF-8 or as UTF-16
 /// with a byte order mark. A damaged or hostile list (nested without end, unfolding shared objects,
 /// keys that are no text) is simply not one.
@@ -23,6 +26,10 @@ public:
     static constexpr std::uint64_t maxTextSize = std::uint64_t{64} << 10; // bytes of UTF-8
 
     [[nodiscard]] static std::optional<PropertyList> parse(ByteView bytes);
+
+    /// The list in a file, links followed; nothing as well where there is no file to be read.
+    [[nodiscard]] static std::optional<PropertyList> read(const FileSystem& files,
+                                                          const Path& path);
 
     ~PropertyList();
     PropertyList(PropertyList&&) noexcept;

@@ -43,10 +43,7 @@ constexpr Category categories[] = {
 std::optional<PropertyList> readInfoPlist(const FileSystem& files, const Path& bundle) {
     // The second place is that of flat bundles, as on iOS and in some plug-ins.
     for (const std::string_view place : {"Contents/Info.plist", "Info.plist"}) {
-        const auto bytes = files.readWhole(bundle / place, PropertyList::maxFileSize);
-        if (!bytes)
-            continue;
-        if (auto plist = PropertyList::parse(ByteView(*bytes)))
+        if (auto plist = PropertyList::read(files, bundle / place))
             return plist;
     }
     return std::nullopt;

@@ -18,10 +18,7 @@ std::optional<std::string> programOf(const PropertyList& plist) {
 }
 
 std::optional<FileTarget> launchServiceTarget(const FileSystem& files, const Path& file) {
-    const auto bytes = files.readWhole(file, PropertyList::maxFileSize);
-    if (!bytes)
-        return std::nullopt;
-    const auto plist = PropertyList::parse(ByteView(*bytes));
+    const auto plist = PropertyList::read(files, file);
     if (!plist)
         return std::nullopt;
     const auto program = programOf(*plist);
