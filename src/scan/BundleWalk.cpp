@@ -5,6 +5,7 @@
 #include "scan/MachOInspector.h"
 
 #include <array>
+#include <climits>
 #include <limits>
 
 namespace veridane {
@@ -12,6 +13,10 @@ namespace {
 
 // Beyond these a bundle is measured, no longer probed: it would be a whole tool chain.
 constexpr std::size_t maxProbedFiles = 4000;
+
+// Bytes of one bundle's list, of which real ones take some thousand. Thousands of folders one in
+// the other would fill the memory with the ways to what is in them.
+constexpr std::size_t maxListedBytes = std::size_t{1} << 20;
 
 // What a file's content means for its bundle; travels as the tag of its entry.
 enum Content : std::uint8_t { noCode = 0, runsNatively = 1, needsRosetta = 2, incompatible = 3 };
@@ -79,16 +84,26 @@ private:
         const auto content = static_cast<Content>(entry.tag & contentMask);
         if (content == runsNatively)
             return;
-        const Path path = m_bundle / entry.relativePath;
         // A second hard link to the main executable is a file of its own: it stays behind as well.
         if ((entry.tag & isMainFile) != 0 &&
-            m_files.resolvingLinks(path) == m_files.resolvingLinks(*m_mainExecutable))
+            m_files.resolvingLinks(m_bundle / entry.relativePath) ==
+                m_files.resolvingLinks(*m_mainExecutable))
             return;
-        m_result.intelComponents.push_back(relativeComponentPath(path, m_bundle));
+        m_result.intelComponents.push_back(listed(entry));
         if (content == incompatible)
             m_result.worstStatus = CompatibilityStatus::incompatible;
         else if (!m_result.worstStatus)
             m_result.worstStatus = CompatibilityStatus::needsRosetta;
+    }
+
+    /// The relative path; the name alone if no program could open that path anyway, or if the list
+    /// has grown too long.
+    std::string listed(const WalkEntry& entry) {
+        const std::size_t size = entry.relativePath.size();
+        if (size >= PATH_MAX || size > maxListedBytes - m_listedBytes)
+            return text::validUtf8(entry.name);
+        m_listedBytes += size;
+        return relativeComponentPath(m_bundle / entry.relativePath, m_bundle);
     }
 
     const FileSystem& m_files;
@@ -96,6 +111,7 @@ private:
     const std::optional<Path>& m_mainExecutable;
     std::optional<FileIdentity> m_mainIdentity;
     std::size_t m_probed = 0;
+    std::size_t m_listedBytes = 0;
     BundleWalk m_result;
 };
 

@@ -12,8 +12,9 @@ namespace veridane {
 
 /// What one pass over the contents of a bundle finds.
 struct BundleWalk {
-    std::int64_t sizeOnDisk = 0;                    // bytes, logical sizes of the regular files
-    std::vector<std::string> intelComponents;       // relative paths, in the order of the walk
+    std::int64_t sizeOnDisk = 0;              // bytes, logical sizes of the regular files
+    std::vector<std::string> intelComponents; // relative paths, in the order of the walk; names
+                                              // alone where the paths are beyond all measure
     std::optional<CompatibilityStatus> worstStatus; // of the components; absent without any
 
     bool operator==(const BundleWalk&) const = default;

@@ -54,6 +54,20 @@ TEST_F(Components, SizesOfVisibleRegularFilesAreSummedAndNothingElse) {
     EXPECT_EQ(walk(volume).sizeOnDisk, 5'000'000'023);
 }
 
+TEST_F(Components, OfPathsBeyondAllMeasureTheNameIsListed) {
+    const std::string folder(250, 'd'), part = "/part";
+    volume.file(part, thinMachO(Slice::x86_64)).tower(bundle.bytes(), 30, folder, part);
+    EXPECT_EQ(walk(volume).intelComponents.size(), 3U);
+    EXPECT_EQ(walk(volume).intelComponents[1], "part-20"); // beyond what any path can say
+    const std::string second = folder + '/' + folder + '/';
+    for (int i = 0; i < 2500; ++i)
+        volume.hardLink(bundle.bytes() + '/' + second + std::to_string(i), part);
+    const Texts parts = walk(volume).intelComponents;
+    ASSERT_EQ(parts.size(), 2503U);
+    EXPECT_EQ(parts[0], second + "0");
+    EXPECT_EQ(parts[2499], "999"); // and a list of such paths beyond what anybody can read
+}
+
 TEST_F(Components, AfterFourThousandMachOFilesOnlySizesAreAsked) {
     const Bytes intel = thinMachO(Slice::x86_64), native = thinMachO(Slice::arm64);
     for (int i = 0; i < 3999; ++i)

@@ -1,7 +1,10 @@
 #include "support/VolumeBuilder.h"
 
+#include "platform/Descriptor.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -9,6 +12,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <system_error>
 #include <utility>
 
@@ -27,8 +31,11 @@ VolumeBuilder::VolumeBuilder(const std::string& directory)
 }
 
 VolumeBuilder::~VolumeBuilder() {
-    // Unlike the library's own function, this one can take away a tree of any depth.
-    if (m_isTemporary && std::system(("rm -rf '" + m_root + "'").c_str()) != 0)
+    // Unlike the library's own function, this one can take away a tree of any depth. Closed folders
+    // are opened first.
+    const std::string root = "'" + m_root + "'";
+    if (m_isTemporary &&
+        std::system(("chmod -R u+rwX " + root + " && rm -rf " + root).c_str()) != 0)
         std::fprintf(stderr, "%s is left behind\n", m_root.c_str());
 }
 
@@ -78,6 +85,68 @@ VolumeBuilder& VolumeBuilder::fifo(std::string_view path) {
 
 VolumeBuilder& VolumeBuilder::socket(std::string_view path) {
     return check(::mknod(prepared(path).c_str(), S_IFSOCK | 0644, 0) == 0, path);
+}
+
+VolumeBuilder& VolumeBuilder::device(std::string_view path) {
+    const std::string place = prepared(path);
+    // Root may only be playing an ordinary user.
+    const uid_t user = ::geteuid();
+    const bool isRoot = ::seteuid(::getuid()) == 0 && ::geteuid() == 0;
+    const bool isMade = isRoot && ::mknod(place.c_str(), S_IFCHR | 0666, ::makedev(1, 5)) == 0;
+    if (isMade) // whatever the process takes away from new files
+        ::chmod(place.c_str(), 0666);
+    return check(::seteuid(user) == 0, path);
+}
+
+VolumeBuilder& VolumeBuilder::hardLink(std::string_view path, std::string_view existing) {
+    return check(::link(hostPath(existing).c_str(), prepared(path).c_str()) == 0, path);
+}
+
+VolumeBuilder& VolumeBuilder::mode(std::string_view path, unsigned bits) {
+    return check(::chmod(hostPath(path).c_str(), bits) == 0, path);
+}
+
+VolumeBuilder& VolumeBuilder::largestFile(std::string_view path, const Bytes& content) {
+    file(path, content);
+    const std::string place = hostPath(path);
+    std::int64_t size = std::numeric_limits<std::int64_t>::max();
+    while (size > std::ssize(content) && ::truncate(place.c_str(), size) != 0)
+        size -= size / 8;
+    return *this;
+}
+
+VolumeBuilder& VolumeBuilder::crowd(std::string_view path, int count) {
+    // Names for one file cost a disk next to nothing, but some take no more than 65,000.
+    constexpr int namesOfOneFile = 30'000;
+    folder(path);
+    const Descriptor at(::open(hostPath(path).c_str(), O_PATH | O_CLOEXEC));
+    bool isDone = static_cast<bool>(at);
+    std::string file;
+    for (int i = 0; isDone && i < count; ++i) {
+        const std::string name = std::to_string(i);
+        if (i % namesOfOneFile == 0) {
+            file = name;
+            isDone = ::mknodat(at.get(), file.c_str(), S_IFREG | 0644, 0) == 0;
+        } else {
+            isDone = ::linkat(at.get(), file.c_str(), at.get(), name.c_str(), 0) == 0;
+        }
+    }
+    return check(isDone, path);
+}
+
+VolumeBuilder& VolumeBuilder::tower(std::string_view path, int levels, const std::string& name,
+                                    std::string_view part) {
+    folder(path);
+    Descriptor at(::open(hostPath(path).c_str(), O_PATH | O_CLOEXEC));
+    bool isDone = static_cast<bool>(at);
+    for (int level = 1; isDone && level <= levels; ++level) {
+        isDone = ::mkdirat(at.get(), name.c_str(), 0755) == 0;
+        at = Descriptor(::openat(at.get(), name.c_str(), O_PATH | O_CLOEXEC));
+        if (isDone && level % 10 == 0)
+            isDone = ::linkat(AT_FDCWD, hostPath(part).c_str(), at.get(),
+                              ("part-" + std::to_string(level)).c_str(), 0) == 0;
+    }
+    return check(isDone, path);
 }
 
 VolumeBuilder& VolumeBuilder::modified(std::string_view path, std::int64_t seconds) {

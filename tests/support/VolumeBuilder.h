@@ -50,6 +50,27 @@ public:
     VolumeBuilder& fifo(std::string_view path);
     VolumeBuilder& socket(std::string_view path);
 
+    /// One of this machine's devices that a careless reader would wait at or never come back from.
+    /// Only root may make it; nothing stands there where that is refused.
+    VolumeBuilder& device(std::string_view path);
+
+    /// A second name for a file of the volume.
+    VolumeBuilder& hardLink(std::string_view path, std::string_view existing);
+
+    /// Sets the permission bits. A closed folder takes nothing new.
+    VolumeBuilder& mode(std::string_view path, unsigned bits);
+
+    /// A file that begins with `content` and is as large as the disk lets one be.
+    VolumeBuilder& largestFile(std::string_view path, const Bytes& content);
+
+    /// `count` names of empty files in one folder, which are numbers.
+    VolumeBuilder& crowd(std::string_view path, int count);
+
+    /// Folders of one name, one in the other, deeper than a path can say. Each tenth holds a second
+    /// name for `part`: "part-10", "part-20" and so on.
+    VolumeBuilder& tower(std::string_view path, int levels, const std::string& name,
+                         std::string_view part);
+
     /// Sets the modification date of what stands at the path itself, in seconds since 1970.
     /// Whatever is added to a folder afterwards dates it anew.
     VolumeBuilder& modified(std::string_view path, std::int64_t seconds);
