@@ -19,8 +19,9 @@ class Path;
 /// keys that are no text) is simply not one.
 class PropertyList {
 public:
-    /// Files above this size are no property list that anybody meant, in bytes.
-    static constexpr std::uint64_t maxFileSize = std::uint64_t{64} << 20;
+    /// Files above this size are no property list that anybody meant, in bytes. Reading one takes
+    /// several times as much.
+    static constexpr std::uint64_t maxFileSize = std::uint64_t{8} << 20;
 
     /// A longer text is no name or path, but would go through everything that we show and write.
     static constexpr std::uint64_t maxTextSize = std::uint64_t{64} << 10; // bytes of UTF-8

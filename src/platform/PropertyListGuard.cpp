@@ -10,7 +10,7 @@ namespace {
 // The property lists of bundles and launch services hold some hundred elements, five levels deep.
 constexpr std::size_t maxDepth = 512;
 constexpr std::uint64_t maxNodes = 100'000;
-constexpr std::uint64_t maxUnfoldedBytes = std::uint64_t{64} << 20; // of texts and data
+constexpr std::uint64_t maxUnfoldedBytes = std::uint64_t{16} << 20; // of texts and data
 // Bytes that libplist may touch again and again where it takes quadratic time: some 0.4 s.
 constexpr std::uint64_t maxRepeatedBytes = std::uint64_t{1} << 32;
 
