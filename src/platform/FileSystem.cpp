@@ -78,6 +78,8 @@ std::optional<ResourceValues> FileSystem::targetValues(const Path& path) const {
 
 Path FileSystem::resolvingLinks(const Path& path) const {
     auto location = locate(m_opener, m_root, path, LastLink::follow);
+    if (!location) // a link at the end that leads nowhere still has one place alone
+        location = locate(m_opener, m_root, path, LastLink::keep);
     if (!location)
         return path;
     return std::move(location->path);

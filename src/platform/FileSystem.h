@@ -63,8 +63,8 @@ public:
     /// The values of what stands at the path, links followed.
     [[nodiscard]] std::optional<ResourceValues> targetValues(const Path& path) const;
 
-    /// The path with all links in it resolved. What does not exist, or cannot be resolved, stays as
-    /// it is written.
+    /// The path with all links in it resolved, but for one at its end that leads nowhere. Where
+    /// even the folder around it cannot be found, the path stays as it is written.
     [[nodiscard]] Path resolvingLinks(const Path& path) const;
 
     /// Opens a regular file for reading, links followed; nothing for anything else.

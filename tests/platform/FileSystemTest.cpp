@@ -41,7 +41,7 @@ using Files = VolumeTest;
 TEST_F(Files, PathsAreFollowedInsideTheRootAlone) {
     volume.file("/etc/inside", "yes").folder("/deep/er").file("/deep/file", "");
     volume.link("/absolute", "/etc/inside").link("/deep/up", "../../../../etc/inside");
-    volume.link("/folder", "deep/er");
+    volume.link("/folder", "deep/er").link("/deep/er/nowhere", "/no/such/place");
     volume.link("/deep/root", "/").link("/empty-handed", "/etc/gone").link("/hop0", "/etc/inside");
     for (int i = 1; i <= 40; ++i)
         volume.link("/hop" + std::to_string(i), "hop" + std::to_string(i - 1));
@@ -60,6 +60,7 @@ TEST_F(Files, PathsAreFollowedInsideTheRootAlone) {
         {"/hop39", true, "/etc/inside"},
         {"/hop40", false, "/hop40"},
         {"/empty-handed", false, "/etc/gone"},
+        {"/folder/nowhere", false, "/deep/er/nowhere"},
         {"/etc/inside/below", false, "/etc/inside/below"},
     };
     for (const auto& [path, exists, resolved] : cases) {
