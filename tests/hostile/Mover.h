@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/HostileVolume.h"
+#include "hostile-volume/HostileVolume.h"
 
 #include <stop_token>
 #include <string>

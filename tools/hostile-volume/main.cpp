@@ -1,4 +1,4 @@
-#include "support/HostileVolume.h"
+#include "hostile-volume/HostileVolume.h"
 
 #include <charconv>
 #include <filesystem>

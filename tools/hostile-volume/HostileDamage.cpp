@@ -1,4 +1,4 @@
-#include "support/HostileWriter.h"
+#include "hostile-volume/HostileWriter.h"
 
 #include <array>
 

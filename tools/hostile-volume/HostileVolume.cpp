@@ -1,6 +1,6 @@
-#include "support/HostileVolume.h"
+#include "hostile-volume/HostileVolume.h"
 
-#include "support/HostileWriter.h"
+#include "hostile-volume/HostileWriter.h"
 
 #include <algorithm>
 #include <filesystem>

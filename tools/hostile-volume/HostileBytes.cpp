@@ -1,4 +1,4 @@
-#include "support/HostileBytes.h"
+#include "hostile-volume/HostileBytes.h"
 
 #include "support/MachOBuilder.h"
 #include "support/PlistBuilder.h"

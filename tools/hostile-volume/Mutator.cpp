@@ -1,4 +1,4 @@
-#include "support/Mutator.h"
+#include "hostile-volume/Mutator.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,5 +1,5 @@
-#include "support/HostileBytes.h"
-#include "support/HostileWriter.h"
+#include "hostile-volume/HostileBytes.h"
+#include "hostile-volume/HostileWriter.h"
 
 #include <functional>
 #include <utility>

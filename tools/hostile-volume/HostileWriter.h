@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/HostileVolume.h"
-#include "support/Mutator.h"
+#include "hostile-volume/HostileVolume.h"
+#include "hostile-volume/Mutator.h"
 
 #include <string>
 #include <string_view>
