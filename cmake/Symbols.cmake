@@ -31,8 +31,10 @@ function(veridane_add_symbols target)
         list(APPEND files "${file}")
     endforeach()
 
-    qt6_add_resources(${target} symbols PREFIX / FILES ${files})
+    # The first format: later ones hold the files' dates, which differ between checkouts.
+    set(format OPTIONS --format-version 1)
+    qt6_add_resources(${target} symbols PREFIX / FILES ${files} ${format})
     file(GLOB pictures CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/resources/brand/*.svg")
     qt6_add_resources(${target} brand PREFIX / BASE "${PROJECT_SOURCE_DIR}/resources"
-        FILES ${pictures})
+        FILES ${pictures} ${format})
 endfunction()
