@@ -22,7 +22,7 @@ void nameApplication() {
     QCoreApplication::setApplicationName(QStringLiteral("Veridane"));
     QCoreApplication::setOrganizationName(QStringLiteral("Mirefold"));
     QCoreApplication::setApplicationVersion(QString::fromLatin1(productVersion));
-    QGuiApplication::setDesktopFileName(QStringLiteral("veridane"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.mirefold.Veridane"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/brand/veridane-icon.svg")));
 }
 
