@@ -173,8 +173,9 @@ TEST(WhatIsInstalled, NamesTheMakersSiteAndTheWindowsAsTheProgramsDo) {
         return textOf(source / file).find(text) != std::string::npos;
     };
     EXPECT_TRUE(contains("CMakeLists.txt", "HOMEPAGE_URL \"" + MakerSite::root() + '"'));
-    EXPECT_TRUE(contains("resources/install/copyright",
-                         "<" + std::string(MakerSite::contactAddress) + ">"));
+    for (const char* file : {"cmake/Package.cmake", "resources/install/changelog.Debian.in",
+                             "resources/install/copyright"})
+        EXPECT_TRUE(contains(file, "<" + std::string(MakerSite::contactAddress) + ">")) << file;
     const std::string id = "com.mirefold.Veridane";
     EXPECT_TRUE(fs::exists(folder / (id + ".desktop")));
     EXPECT_TRUE(contains("src/ui/VeridaneApp.cpp", "(\"" + id + "\")"));
