@@ -13,8 +13,9 @@ namespace {
 constexpr int maxLinks = 40; // as many as Linux itself follows
 
 // Folders gone through for one path, over all links and again after each "..". Real paths take some
-// dozens; a path made of nothing but ".." would keep a scan busy for minutes.
-constexpr int maxSteps = 16384;
+// dozens, and the longest that can be written 2048; one made of nothing but ".." would keep a scan
+// busy for minutes.
+constexpr int maxSteps = 4096;
 
 class Lookup {
 public:

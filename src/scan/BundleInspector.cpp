@@ -84,13 +84,16 @@ CompatibilityStatus statusOf(const ArchitectureReport& architecture, const Bundl
 } // namespace
 
 ScanItem inspect(const FileSystem& files, const Path& bundle, ItemKind kind) {
-    const auto infoPlist = readInfoPlist(files, bundle);
-    const auto executable = resolveExecutable(files, bundle, infoPlist);
+    // All is read where the bundle stands: a link to it can take ten thousand steps to follow, and
+    // a bundle can hold as many files.
+    const Path place = files.resolvingLinks(bundle);
+    const auto infoPlist = readInfoPlist(files, place);
+    const auto executable = resolveExecutable(files, place, infoPlist);
     const auto architecture =
         executable ? MachOInspector::inspect(files, *executable) : emptyReport;
-    BundleWalk walk = walkBundle(files, bundle, executable);
-    SignatureIdentity identity = SignatureInspector::inspectBundle(files, bundle, executable);
-    const auto values = files.targetValues(bundle);
+    BundleWalk walk = walkBundle(files, place, executable);
+    SignatureIdentity identity = SignatureInspector::inspectBundle(files, place, executable);
+    const auto values = files.targetValues(place);
     const auto category = textOf(infoPlist, "LSApplicationCategoryType");
 
     ScanItem item;
@@ -114,7 +117,7 @@ ScanItem inspect(const FileSystem& files, const Path& bundle, ItemKind kind) {
         item.lastModified = values->contentModificationDate;
     item.sparkleFeedURL = textOf(infoPlist, "SUFeedURL");
     item.updateSource =
-        classifyUpdateSource(files, bundle, item.sparkleFeedURL.has_value(), identity);
+        classifyUpdateSource(files, place, item.sparkleFeedURL.has_value(), identity);
     return item;
 }
 

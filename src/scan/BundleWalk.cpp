@@ -39,9 +39,12 @@ Content contentOf(CompatibilityStatus status) {
 class Probe : public WalkVisitor {
 public:
     Probe(const FileSystem& files, const Path& bundle, const std::optional<Path>& mainExecutable)
-        : m_files(files), m_bundle(bundle), m_mainExecutable(mainExecutable) {
-        if (const auto file = mainExecutable ? files.open(*mainExecutable) : std::nullopt)
-            m_mainIdentity = file->identity();
+        : m_bundle(bundle) {
+        const auto file = mainExecutable ? files.open(*mainExecutable) : std::nullopt;
+        if (!file)
+            return;
+        m_mainIdentity = file->identity();
+        m_mainPlace = files.resolvingLinks(*mainExecutable);
     }
 
     [[nodiscard]] WalkDetail detail(std::size_t tagged) const override {
@@ -85,9 +88,7 @@ private:
         if (content == runsNatively)
             return;
         // A second hard link to the main executable is a file of its own: it stays behind as well.
-        if ((entry.tag & isMainFile) != 0 &&
-            m_files.resolvingLinks(m_bundle / entry.relativePath) ==
-                m_files.resolvingLinks(*m_mainExecutable))
+        if ((entry.tag & isMainFile) != 0 && m_bundle / entry.relativePath == m_mainPlace)
             return;
         m_result.intelComponents.push_back(listed(entry));
         if (content == incompatible)
@@ -106,10 +107,9 @@ private:
         return relativeComponentPath(m_bundle / entry.relativePath, m_bundle);
     }
 
-    const FileSystem& m_files;
-    const Path& m_bundle;
-    const std::optional<Path>& m_mainExecutable;
+    const Path& m_bundle; // without links, as the walk follows none either
     std::optional<FileIdentity> m_mainIdentity;
+    Path m_mainPlace;
     std::size_t m_probed = 0;
     std::size_t m_listedBytes = 0;
     BundleWalk m_result;
@@ -126,8 +126,10 @@ std::string_view trimmedSlashes(std::string_view path) {
 
 BundleWalk walkBundle(const FileSystem& files, const Path& bundle,
                       const std::optional<Path>& mainExecutable) {
-    Probe probe(files, bundle, mainExecutable);
-    files.walk(bundle, probe);
+    // Once for all of its files: the way to a bundle can be a long one.
+    const Path place = files.resolvingLinks(bundle);
+    Probe probe(files, place, mainExecutable);
+    files.walk(place, probe);
     return std::move(probe).result();
 }
 

@@ -86,8 +86,8 @@ std::vector<FileTarget> launchServiceTargets(const FileSystem& files,
     return targets;
 }
 
-std::optional<ScanItem> makeFileItem(const FileSystem& files, const FileTarget& target) {
-    const Path resolved = files.resolvingLinks(target.path);
+std::optional<ScanItem> makeFileItem(const FileSystem& files, const FileTarget& target,
+                                     const Path& resolved) {
     ArchitectureReport report = MachOInspector::inspect(files, resolved);
     if (!report.isMachO)
         return std::nullopt;

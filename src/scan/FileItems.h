@@ -27,9 +27,10 @@ struct FileTarget {
 [[nodiscard]] std::vector<FileTarget> launchServiceTargets(const FileSystem& files,
                                                            const SearchLocations& locations);
 
-/// The item of a single file; nothing if it is no Mach-O file whose header can be read.
+/// The item of a single file, which is read at its path without links; nothing if it is no Mach-O
+/// file whose header can be read.
 [[nodiscard]] std::optional<ScanItem> makeFileItem(const FileSystem& files,
-                                                   const FileTarget& target);
+                                                   const FileTarget& target, const Path& resolved);
 
 /// The item of a file that was asked for by name: one that is no Mach-O file is still described.
 [[nodiscard]] ScanItem describeFile(const FileSystem& files, const FileTarget& target);

@@ -101,7 +101,7 @@ private:
         for (const BundleTarget& target : m_bundles) {
             if (m_stop.stop_requested())
                 return false;
-            if (isMetFirst(target.path)) {
+            if (isMetFirst(resolved(target.path))) {
                 ScanItem item = BundleInspector::inspect(m_files, target.path, target.kind);
                 if (m_stop.stop_requested())
                     return false; // the item may be judged by a part of its files
@@ -120,7 +120,8 @@ private:
         for (const FileTarget& target : m_targets) {
             if (m_stop.stop_requested())
                 return false;
-            if (auto item = isMetFirst(target.path) ? makeFileItem(m_files, target) : std::nullopt)
+            const Path place = resolved(target.path);
+            if (auto item = isMetFirst(place) ? makeFileItem(m_files, target, place) : std::nullopt)
                 m_found.push_back(std::move(*item));
             ++done;
             if (done % filesPerReport == 0 || done == m_total)
@@ -132,8 +133,16 @@ private:
 
     // Of several ways to one object the first counts, and the others need not be read: everything
     // in /Applications/Utilities lies below two roots.
-    bool isMetFirst(const Path& path) {
-        return m_seen.insert(m_files.resolvingLinks(path).bytes()).second;
+    bool isMetFirst(const Path& resolved) { return m_seen.insert(resolved.bytes()).second; }
+
+    // The objects of a folder share the way to it, which links can make as long as they like.
+    Path resolved(const Path& path) {
+        const Path folder(std::string_view(path.bytes()).substr(0, path.bytes().rfind('/')));
+        if (folder != m_folder) {
+            m_folder = folder;
+            m_resolvedFolder = m_files.resolvingLinks(folder);
+        }
+        return m_files.resolvingLinks(m_resolvedFolder / path.name());
     }
 
     std::vector<ScanItem> sorted() {
@@ -167,6 +176,7 @@ private:
     std::vector<BundleTarget> m_bundles;
     std::vector<FileTarget> m_targets;
     std::unordered_set<std::string> m_seen; // paths without links
+    Path m_folder, m_resolvedFolder;        // of the last object
     std::vector<ScanItem> m_found;
     std::int64_t m_total = 0;
 };

@@ -44,7 +44,9 @@ TEST_F(Targets, ALinkedToolKeepsItsNameAndPathAndIsReadFromItsTarget) {
     const Bytes program = thinMachO(Slice::x86_64, embeddedSignature(spec));
     volume.file("/Cellar/foo-1", program).modified("/Cellar/foo-1", 1'500'000'000);
     volume.link("/usr/local/bin/foo", "../../../Cellar/foo-1");
-    const auto item = makeFileItem(volume.files(), {Path("/usr/local/bin/foo"), {}, {}});
+    const FileTarget target{Path("/usr/local/bin/foo"), {}, {}};
+    const auto item =
+        makeFileItem(volume.files(), target, volume.files().resolvingLinks(target.path));
     ASSERT_TRUE(item);
     EXPECT_EQ((Texts{item->name, item->path, item->vendor.value_or(""),
                      item->teamIdentifier.value_or("")}),

@@ -47,6 +47,7 @@ HostileVolume HostileWriter::run() {
     writeTricksInPlaceOfBundles();
     writeLists();
     writeLinks();
+    writeDetours();
     writeNames();
     writeTools();
     writeServices();
@@ -157,10 +158,6 @@ void HostileWriter::writeGoodObjects() {
 void HostileWriter::writeLinks() {
     const std::string links = "/Applications/Links/", hops = "/hops/";
     writeHalf("/hops/0");
-    writeHalf("/detour");
-    std::string detours;
-    for (int i = 0; i < 400; ++i)
-        detours += "../Links/";
     for (int i = 1; i <= 40; ++i)
         m_mac.link(hops + std::to_string(i), std::to_string(i - 1));
     m_mac.link("/ring/one", "../ring/two/three").link("/ring/two", "one/four");
@@ -175,7 +172,6 @@ void HostileWriter::writeLinks() {
         {"Ring", "/ring/one/x.app", unknown},
         {"Nowhere", "/no/such/place", unknown},
         {"Longest", std::string(4095, 'x'), unknown},
-        {"Detours", detours + "../../detour", native, Texts{"old"}},
         {"Just few enough", "/hops/38", native, Texts{"old"}}, // two more lead here from a home
         {"One too many", "/hops/40", unknown},
         {"Everything", "/", {}, {}}, // the whole volume as one bundle
@@ -190,6 +186,26 @@ void HostileWriter::writeLinks() {
         m_mac.link(link, way);
         promise(link, application, unknown);
     }
+}
+
+/// Links that take thousands of steps to follow, to places with thousands of files.
+void HostileWriter::writeDetours() {
+    std::string deep = "/detours", around;
+    for (int i = 0; i < 40; ++i)
+        deep += "/x";
+    for (int i = 0; i < 60; ++i)
+        around += "../x/";
+    const std::string bundle = deep + "/bundle", program = bundle + "/Contents/MacOS/main";
+    Texts parts;
+    m_mac.file(program, m_intel).crowd(deep + "/bin", crowdSize);
+    for (int i = 0; i < 3900; ++i) {
+        parts.push_back(std::to_string(i));
+        m_mac.hardLink(bundle + '/' + parts.back(), program);
+    }
+    m_mac.link(deep + "/to bundle", around + "bundle").link(deep + "/to bin", around + "bin");
+    m_mac.link("/Applications/Detours.app", deep + "/to bundle");
+    m_mac.link("/opt/local/bin", deep + "/to bin");
+    promise("/Applications/Detours.app", application, needsRosetta, parts);
 }
 
 /// Names that would do something to a terminal, a shell, a report or a log.
@@ -238,7 +254,6 @@ void HostileWriter::writeTools() {
     promise(sbin + "second name", commandLineTool, native);
 
     // None of these is a program.
-    m_mac.crowd(bin, crowdSize);
     fifo(bin + "fifo");
     socket(bin + "socket");
     device(bin + "device");
@@ -282,8 +297,8 @@ void HostileWriter::writeServices() {
 
 /// Places that are searched, and are not what they should be.
 void HostileWriter::writeRoots() {
-    fifo("/opt/local/bin");
     fifo("/Users/fifo");
+    fifo("/Library/Audio/Plug-Ins/VST");
     m_mac.file("/usr/local/sbin", m_intel).link("/opt/homebrew/sbin", "bin");
     m_mac.link("/Library/PreferencePanes", "PreferencePanes").link("/Library/Spotlight", "/");
     m_mac.link("/Library/Screen Savers", waysOutside("")[1]).link("/Users/linked", "/");

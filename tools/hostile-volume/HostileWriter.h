@@ -40,6 +40,7 @@ private:
     void writeOutside();
     void writeGoodObjects();
     void writeLinks();
+    void writeDetours();
     void writeNames();
     void writeTools();
     void writeServices();
