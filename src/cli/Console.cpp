@@ -8,6 +8,12 @@ void complain(const Console& console, std::string_view message) {
     console.err << programName << ": " << text::printable(message) << '\n' << std::flush;
 }
 
+void complainOfTrouble(const Console& console, const FileSystem& files) {
+    if (const auto trouble = files.trouble())
+        complain(console,
+                 "not everything could be read, so the result may lack something: " + *trouble);
+}
+
 bool mayDeliver(const Console& console, const std::stop_token& stop) {
     if (console.endCancelling)
         console.endCancelling();

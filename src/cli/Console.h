@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileSystem.h"
+
 #include <cstddef>
 #include <functional>
 #include <ostream>
@@ -32,6 +34,9 @@ enum ExitStatus : int {
 
 /// One line on `err` with the program's name in front.
 void complain(const Console& console, std::string_view message);
+
+/// Such a line where not all of the files could be read.
+void complainOfTrouble(const Console& console, const FileSystem& files);
 
 /// Whether no stop has been requested until now. From here on Ctrl-C ends the process at once: a
 /// result may wait for ever for somebody who reads it.

@@ -72,7 +72,7 @@ ExitStatus inspect(const InspectArguments& arguments, const Console& console,
         complain(console, error->text);
         return failure;
     }
-    const FileSystem& files = *std::get<ExaminedVolume>(opened).files;
+    const FileSystem files = std::get<ExaminedVolume>(opened).files->stoppingAt(stop);
     const bool onVolume = arguments.volume.has_value();
     ExitStatus status = success;
     std::vector<ScanItem> items;
@@ -83,10 +83,12 @@ ExitStatus inspect(const InspectArguments& arguments, const Console& console,
         if (path && files.exists(*path)) {
             items.push_back(judge(files, *path));
         } else {
-            complain(console, absence(text, onVolume));
+            complain(console, path && files.mayExist(*path) ? text + " cannot be read"
+                                                            : absence(text, onVolume));
             status = failure;
         }
     }
+    complainOfTrouble(console, files);
     const std::string result = arguments.format == InspectFormat::json
                                    ? inspectionJson(items)
                                    : inspectionText(items, console.coloursOut);

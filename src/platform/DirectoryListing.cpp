@@ -2,6 +2,7 @@
 
 #include "platform/Descriptor.h"
 #include "platform/FileStatus.h"
+#include "platform/SystemCalls.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -22,9 +23,10 @@ std::optional<DirectoryListing::Entry> DirectoryListing::next() {
 #ifdef __linux__
 const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
     if (m_at == m_end) {
-        const auto got = ::getdents64(m_folder, m_buffer.data(), m_buffer.size());
+        const auto got = uninterrupted(
+            [this] { return ::getdents64(m_folder, m_buffer.data(), m_buffer.size()); });
         if (got <= 0) {
-            m_failed = got < 0;
+            m_failure = got < 0 ? errno : 0;
             return nullptr;
         }
         m_at = 0;
@@ -39,14 +41,15 @@ const DirectoryListing::RawEntry* DirectoryListing::nextRaw() {
     if (!m_stream) {
         Descriptor copy(::fcntl(m_folder, F_DUPFD_CLOEXEC, 0));
         m_stream.reset(::fdopendir(copy.get()));
-        m_failed = !m_stream;
-        if (m_failed)
+        if (!m_stream) {
+            m_failure = errno;
             return nullptr;
+        }
         static_cast<void>(copy.release()); // the stream closes it
     }
     errno = 0;
     const RawEntry* entry = ::readdir(m_stream.get());
-    m_failed = !entry && errno != 0;
+    m_failure = entry ? 0 : errno;
     return entry;
 }
 #endif

@@ -26,12 +26,12 @@ public:
     /// The next entry; nothing at the end, or where the listing breaks off.
     [[nodiscard]] std::optional<Entry> next();
 
-    /// Whether the system gave up the listing before its end.
-    [[nodiscard]] bool failed() const { return m_failed; }
+    /// The `errno` with which the system gave up the listing before its end, or 0.
+    [[nodiscard]] int failure() const { return m_failure; }
 
 private:
     int m_folder;
-    bool m_failed = false;
+    int m_failure = 0;
 #ifdef __linux__
     // Without the library's stream, which asks three questions more about each folder, and takes a
     // buffer from the heap that has it grow and shrink all through a walk.

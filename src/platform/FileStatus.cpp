@@ -1,5 +1,7 @@
 #include "platform/FileStatus.h"
 
+#include "platform/SystemCalls.h"
+
 #include <fcntl.h>
 
 #include <chrono>
@@ -8,14 +10,17 @@ namespace veridane {
 
 std::optional<FileStatus> FileStatus::of(int folder, const char* name) {
     FileStatus result;
-    if (::fstatat(folder, name, &result.m_status, AT_SYMLINK_NOFOLLOW) != 0)
+    const auto ask = [&] {
+        return ::fstatat(folder, name, &result.m_status, AT_SYMLINK_NOFOLLOW);
+    };
+    if (uninterrupted(ask) != 0)
         return std::nullopt;
     return result;
 }
 
 std::optional<FileStatus> FileStatus::of(int descriptor) {
     FileStatus result;
-    if (::fstat(descriptor, &result.m_status) != 0)
+    if (uninterrupted([&] { return ::fstat(descriptor, &result.m_status); }) != 0)
         return std::nullopt;
     return result;
 }

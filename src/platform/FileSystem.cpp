@@ -10,23 +10,32 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace veridane {
 namespace {
 
+/// Nothing, because of what `errno` says.
+std::nullopt_t withTrouble(const QuietOpener& opener) {
+    opener.trouble()->note(errno);
+    return std::nullopt;
+}
+
 std::optional<OpenFile> openRegularFile(const QuietOpener& opener, const Location& location) {
     // Asked before opening: opening a device can already do something to it.
     const auto before = FileStatus::of(location.folder.get(), location.name.c_str());
-    if (!before || before->type() != EntryType::regularFile)
+    if (!before)
+        return withTrouble(opener);
+    if (before->type() != EntryType::regularFile)
         return std::nullopt;
     Descriptor descriptor = opener.file(location.folder.get(), location.name.c_str());
     if (!descriptor)
-        return std::nullopt;
+        return withTrouble(opener);
     const auto status = FileStatus::of(descriptor.get());
     if (!status || status->type() != EntryType::regularFile)
         return std::nullopt;
     return OpenFile(std::move(descriptor), static_cast<std::uint64_t>(status->size()),
-                    status->identity());
+                    status->identity(), opener.trouble());
 }
 
 std::optional<ResourceValues> valuesAt(const std::optional<Location>& location) {
@@ -42,7 +51,17 @@ std::optional<ResourceValues> valuesAt(const std::optional<Location>& location) 
 
 bool FileSystem::exists(const Path& path) const {
     const auto location = locate(m_opener, m_root, path, LastLink::follow);
-    return location && FileStatus::of(location->folder.get(), location->name.c_str());
+    if (!location)
+        return false;
+    if (FileStatus::of(location->folder.get(), location->name.c_str()))
+        return true;
+    m_opener.trouble()->note(errno);
+    return false;
+}
+
+bool FileSystem::mayExist(const Path& path) const {
+    errno = 0;
+    return exists(path) || !isAbsence(errno);
 }
 
 bool FileSystem::isReadable(const Path& path) const {
@@ -57,12 +76,13 @@ std::optional<std::vector<DirectoryEntry>> FileSystem::list(const Path& path) co
         return std::nullopt;
     const Descriptor folder = m_opener.folder(location->folder.get(), location->name.c_str());
     if (!folder)
-        return std::nullopt;
+        return withTrouble(m_opener);
     DirectoryListing listing(folder.get());
     std::vector<DirectoryEntry> entries;
     while (const auto entry = listing.next())
         entries.push_back({std::string(entry->name), entry->type});
-    if (listing.failed() && entries.empty())
+    m_opener.trouble()->note(listing.failure());
+    if (listing.failure() != 0 && entries.empty())
         return std::nullopt;
     std::ranges::sort(entries, {}, &DirectoryEntry::name);
     return entries;
@@ -105,8 +125,10 @@ bool FileSystem::walk(const Path& path, WalkVisitor& visitor) const {
     if (!location)
         return false;
     Descriptor folder = m_opener.folder(location->folder.get(), location->name.c_str());
-    if (!folder)
+    if (!folder) {
+        m_opener.trouble()->note(errno);
         return false;
+    }
     TreeWalk(m_opener, visitor, m_stop).run(std::move(folder));
     return true;
 }

@@ -6,6 +6,7 @@
 #include "platform/QuietOpener.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -39,16 +40,26 @@ struct ResourceValues {
 class FileSystem {
 public:
     /// `root` is a directory of this machine; "/" examines the machine itself.
-    explicit FileSystem(std::string root) : m_root(std::move(root)) {}
+    explicit FileSystem(std::string root)
+        : FileSystem(std::move(root), {}, std::make_shared<ReadTrouble>()) {}
 
     /// The same files, but walks end early once a stop is requested: one bundle can hold more than
     /// anybody wants to wait for.
     [[nodiscard]] FileSystem stoppingAt(const std::stop_token& stop) const {
-        return FileSystem(m_root, stop);
+        return FileSystem(m_root, stop, m_opener.trouble());
+    }
+
+    /// Why something that is there could not be read until now, by this object and those made from
+    /// it; nothing if all went well.
+    [[nodiscard]] std::optional<std::string> trouble() const {
+        return m_opener.trouble()->description();
     }
 
     /// Whether something stands at the path, links followed.
     [[nodiscard]] bool exists(const Path& path) const;
+
+    /// The same, but also true where the disk does not tell.
+    [[nodiscard]] bool mayExist(const Path& path) const;
 
     /// Whether the process may read what stands at the path, links followed.
     [[nodiscard]] bool isReadable(const Path& path) const;
@@ -81,8 +92,8 @@ public:
     bool walk(const Path& path, WalkVisitor& visitor) const;
 
 private:
-    FileSystem(std::string root, std::stop_token stop)
-        : m_root(std::move(root)), m_stop(std::move(stop)) {}
+    FileSystem(std::string root, std::stop_token stop, std::shared_ptr<ReadTrouble> trouble)
+        : m_root(std::move(root)), m_stop(std::move(stop)), m_opener(std::move(trouble)) {}
 
     std::string m_root;
     std::stop_token m_stop;

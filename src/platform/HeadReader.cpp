@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sys/uio.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <span>
@@ -30,6 +31,8 @@ Descriptor HeadReader::open(const char* name) {
         m_freeDescriptors();
         descriptor = m_opener.file(m_folder, name);
     }
+    if (!descriptor)
+        m_opener.trouble()->note(errno);
     return descriptor;
 }
 
@@ -48,7 +51,7 @@ void HeadReader::read(const char* name, Answer answer) {
     ByteView first;
     const int number = descriptor.get();
     OpenFile file(std::move(descriptor), static_cast<std::uint64_t>(status->size()),
-                  status->identity());
+                  status->identity(), m_opener.trouble());
     if (!isWaitingForDisk(file, number, head, first)) {
         answer.tag = m_visitor.classify(FileHead(file, first));
         return;
@@ -64,15 +67,16 @@ bool HeadReader::isWaitingForDisk(const OpenFile& file, [[maybe_unused]] int des
     if (m_canAskWithoutWaiting) {
         const iovec target{head.data(), head.size()};
         const auto got = ::preadv2(descriptor, &target, 1, 0, RWF_NOWAIT);
-        if (got >= 0) {
+        const auto whole = std::min<std::uint64_t>(head.size(), file.size());
+        if (got >= 0 && static_cast<std::uint64_t>(got) >= whole) {
             first = ByteView(std::span(head).first(static_cast<std::size_t>(got)));
             return false;
         }
-        if (errno == EAGAIN) {
+        if (got < 0 && errno == EAGAIN) {
             ::posix_fadvise(descriptor, 0, static_cast<off_t>(head.size()), POSIX_FADV_WILLNEED);
             return true;
         }
-        if (errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL)
+        if (got < 0 && (errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL))
             m_canAskWithoutWaiting = false; // not on this file system, or not on this kernel
     }
 #endif

@@ -17,8 +17,10 @@ ByteView OpenFile::read(std::uint64_t offset, std::span<std::uint8_t> buffer) co
                                  static_cast<off_t>(offset + filled));
         if (got < 0 && errno == EINTR)
             continue;
-        if (got < 0)
+        if (got < 0) {
+            m_trouble->note(errno);
             return {};
+        }
         if (got == 0)
             break;
         filled += static_cast<std::size_t>(got);

@@ -2,9 +2,11 @@
 
 #include "platform/ByteView.h"
 #include "platform/Descriptor.h"
+#include "platform/ReadTrouble.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
@@ -23,9 +25,11 @@ struct FileIdentity {
 /// A regular file, open for reading at any position. Closed on destruction.
 class OpenFile {
 public:
-    /// Takes a descriptor that is known to be a regular file's.
-    OpenFile(Descriptor descriptor, std::uint64_t size, FileIdentity identity)
-        : m_descriptor(std::move(descriptor)), m_size(size), m_identity(identity) {}
+    /// Takes a descriptor that is known to be a regular file's. `trouble` is told of failed reads.
+    OpenFile(Descriptor descriptor, std::uint64_t size, FileIdentity identity,
+             std::shared_ptr<ReadTrouble> trouble)
+        : m_descriptor(std::move(descriptor)), m_size(size), m_identity(identity),
+          m_trouble(std::move(trouble)) {}
 
     /// Bytes, at the moment of opening. A file may be shorter when it is read.
     [[nodiscard]] std::uint64_t size() const { return m_size; }
@@ -44,6 +48,7 @@ private:
     Descriptor m_descriptor;
     std::uint64_t m_size;
     FileIdentity m_identity;
+    std::shared_ptr<ReadTrouble> m_trouble;
 };
 
 } // namespace veridane

@@ -42,7 +42,7 @@ public:
             } else if (isLast) {
                 if (lastLink == LastLink::keep || !followLink(component))
                     return found(component);
-            } else if (!goDown(component) && !followLink(component)) {
+            } else if (!goDownOrFollow(component)) {
                 return std::nullopt;
             }
             if (m_links > maxLinks)
@@ -55,6 +55,8 @@ private:
     bool restart() {
         m_resolved.clear();
         m_folder = m_opener.root(m_root.c_str());
+        if (!m_folder)
+            m_opener.trouble()->note(errno);
         return static_cast<bool>(m_folder);
     }
 
@@ -96,6 +98,18 @@ private:
         m_resolved += '/';
         m_resolved += component;
         return true;
+    }
+
+    /// Where neither succeeds, `errno` says why there is no such folder.
+    bool goDownOrFollow(const std::string& component) {
+        if (goDown(component))
+            return true;
+        const int error = errno;
+        if (followLink(component))
+            return true;
+        m_opener.trouble()->note(error);
+        errno = error;
+        return false;
     }
 
     bool goUp() {

@@ -1,5 +1,7 @@
 #include "platform/QuietOpener.h"
 
+#include "platform/SystemCalls.h"
+
 #include <fcntl.h>
 #ifdef __linux__
 #include <linux/openat2.h>
@@ -25,11 +27,7 @@ constexpr int search = O_SEARCH;
 #endif
 
 Descriptor openAt(int folder, const char* name, int flags) {
-    int descriptor = -1;
-    do
-        descriptor = ::openat(folder, name, flags);
-    while (descriptor < 0 && errno == EINTR);
-    return Descriptor(descriptor);
+    return Descriptor(uninterrupted([&] { return ::openat(folder, name, flags); }));
 }
 
 } // namespace
@@ -72,7 +70,8 @@ Descriptor QuietOpener::straightPassage([[maybe_unused]] int folder,
         open_how how{};
         how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
         how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
-        Descriptor found(static_cast<int>(::syscall(SYS_openat2, folder, path, &how, sizeof how)));
+        Descriptor found(static_cast<int>(
+            uninterrupted([&] { return ::syscall(SYS_openat2, folder, path, &how, sizeof how); })));
         if (found || errno != ENOSYS)
             return found;
         m_canGoStraight.store(false, std::memory_order_relaxed);

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "platform/Descriptor.h"
+#include "platform/ReadTrouble.h"
 
 #include <atomic>
+#include <memory>
+#include <utility>
 
 namespace veridane {
 
@@ -14,6 +17,11 @@ namespace veridane {
 /// long as the system has not refused that once. Safe on any thread.
 class QuietOpener {
 public:
+    explicit QuietOpener(std::shared_ptr<ReadTrouble> trouble) : m_trouble(std::move(trouble)) {}
+
+    /// Where whoever uses the opener notes that it could not be helped. Never null.
+    [[nodiscard]] const std::shared_ptr<ReadTrouble>& trouble() const { return m_trouble; }
+
     /// An invalid descriptor after a failure, with `errno` set.
     [[nodiscard]] Descriptor file(int folder, const char* name) const;
     [[nodiscard]] Descriptor folder(int folder, const char* name) const;
@@ -31,6 +39,7 @@ public:
 private:
     [[nodiscard]] Descriptor open(int folder, const char* name, int flags) const;
 
+    std::shared_ptr<ReadTrouble> m_trouble;
     mutable std::atomic<bool> m_keepsAccessTimes{true};
     mutable std::atomic<bool> m_canGoStraight{true};
 };

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <string>
 
-/// What several writers of files ask of the system. A failure leaves its reason in `errno`.
+/// What those who read and write files ask of the system. A failure leaves its reason in `errno`.
 namespace veridane {
 
 /// Calls until no signal comes in between.

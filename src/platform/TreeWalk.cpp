@@ -34,8 +34,10 @@ void TreeWalk::run(Descriptor root) {
 }
 
 void TreeWalk::enter(Descriptor descriptor) {
-    if (!descriptor)
+    if (!descriptor) {
+        m_opener.trouble()->note(errno);
         return;
+    }
     DirectoryListing listing(descriptor.get());
     Folder folder{.descriptor = std::move(descriptor),
                   .identity = {},
@@ -49,6 +51,7 @@ void TreeWalk::enter(Descriptor descriptor) {
             {m_names.size(), 0, static_cast<std::uint16_t>(entry->name.size()), entry->type, 0});
         m_names.append(entry->name.data(), entry->name.size() + 1);
     }
+    m_opener.trouble()->note(listing.failure());
     folder.endEntry = m_entries.size();
     std::ranges::sort(m_entries.begin() + static_cast<std::ptrdiff_t>(folder.firstEntry),
                       m_entries.end(), {}, [this](const Entry& entry) { return nameOf(entry); });

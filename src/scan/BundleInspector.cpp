@@ -127,7 +127,8 @@ std::optional<Path> resolveExecutable(const FileSystem& files, const Path& bundl
     const auto named = textOf(infoPlist, "CFBundleExecutable");
     if (named && !named->empty()) {
         for (const Path& folder : {programs, bundle}) {
-            if (Path path = folder / *named; files.exists(path))
+            // Where the disk does not tell, another file would be judged in its place.
+            if (Path path = folder / *named; files.mayExist(path))
                 return path;
         }
     }
