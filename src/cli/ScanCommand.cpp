@@ -50,13 +50,22 @@ bool anyNeedsAttention(const std::vector<ScanItem>& items) {
         items, [&](const ScanItem& item) { return needsAttention(urgencyOf(item, counterparts)); });
 }
 
-bool deliver(const ScanArguments& arguments, const Console& console, const std::string& text) {
-    if (!arguments.outputFile)
-        return print(console, text);
-    const auto error = writeFileAtomically(*arguments.outputFile, text);
-    if (error)
-        complain(console, *arguments.outputFile + " cannot be written: " + *error);
-    return !error;
+/// The status that the program would end with if everything else went well.
+ExitStatus deliver(const ScanArguments& arguments, const Console& console,
+                   const std::stop_token& stop, const std::string& text) {
+    const auto& file = arguments.outputFile;
+    // A file that is replaced can be given up until the end, and then leaves nothing behind.
+    if ((!file || isWrittenInPlace(*file)) && !mayDeliver(console, stop))
+        return interrupted;
+    if (!file)
+        return print(console, text) ? success : failure;
+    const auto error = writeFileAtomically(*file, text, stop);
+    if (!error)
+        return success;
+    if (stop.stop_requested())
+        return interrupted;
+    complain(console, *file + " cannot be written: " + *error);
+    return failure;
 }
 
 } // namespace
@@ -76,6 +85,7 @@ ExitStatus scan(const ScanArguments& arguments, const Console& console,
         checkUpdates(items, arguments, console, stop);
     if (stop.stop_requested())
         return interrupted;
+    complainOfTrouble(console, *std::get<ExaminedVolume>(opened).files);
     const bool fails = arguments.failsOnAttention && anyNeedsAttention(items);
     const bool coloured = console.coloursOut && !arguments.outputFile;
     const auto text = resultText(arguments, std::move(items), coloured);
@@ -83,11 +93,8 @@ ExitStatus scan(const ScanArguments& arguments, const Console& console,
         complain(console, "the report cannot be made");
         return failure;
     }
-    if (!mayDeliver(console, stop))
-        return interrupted;
-    if (!deliver(arguments, console, *text))
-        return failure;
-    return fails ? attentionNeeded : success;
+    const ExitStatus status = deliver(arguments, console, stop, *text);
+    return status == success && fails ? attentionNeeded : status;
 }
 
 } // namespace veridane::cli

@@ -30,8 +30,10 @@ std::size_t terminalColumns() {
 
 int main(int argc, char** argv) {
     veridane::fillStandardDescriptors();
-    // A reader that goes away is an output that cannot be written, and told like any other.
+    // A reader that goes away is an output that cannot be written, and told like any other. So is a
+    // file that would grow beyond the size that this process is allowed.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     veridane::cli::Interruption interruption;
     const veridane::cli::Console console{
@@ -42,5 +44,9 @@ int main(int argc, char** argv) {
         .columns = terminalColumns(),
         .endCancelling = [&interruption] { interruption.release(); },
     };
-    return veridane::cli::run(arguments, console, interruption.token());
+    const int status = veridane::cli::run(arguments, console, interruption.token());
+    interruption.release();
+    if (status == veridane::cli::interrupted)
+        interruption.endAsAsked();
+    return status;
 }

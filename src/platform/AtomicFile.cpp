@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -27,13 +28,21 @@ Failure systemFailure() {
     return std::generic_category().message(errno);
 }
 
-Failure writeAll(const Descriptor& file, std::string_view content) {
+Failure stopFailure() {
+    return std::generic_category().message(EINTR);
+}
+
+Failure writeAll(const Descriptor& file, std::string_view content,
+                 const std::stop_token& stop = {}) {
+    constexpr std::size_t largestPiece = 1 << 20; // between two looks at the stop token
     while (!content.empty()) {
+        if (stop.stop_requested())
+            return stopFailure();
         const ssize_t written =
-            uninterrupted([&] { return ::write(file.get(), content.data(), content.size()); });
-        if (written < 0)
+            ::write(file.get(), content.data(), std::min(content.size(), largestPiece));
+        if (written < 0 && errno != EINTR)
             return systemFailure();
-        content.remove_prefix(static_cast<std::size_t>(written));
+        content.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
     }
     return std::nullopt;
 }
@@ -98,7 +107,7 @@ void takeOwnerAndMode(int file, const struct stat& old) {
 
 /// `mode` is that of a file without an old one to hand on its own.
 Failure replaceFile(const std::string& path, const std::optional<struct stat>& old, mode_t mode,
-                    std::string_view content) {
+                    std::string_view content, const std::stop_token& stop = {}) {
     const std::string directory = directoryOf(path);
     TemporaryFile temporary(directory, old ? privateMode : mode);
     if (!temporary.file())
@@ -106,10 +115,12 @@ Failure replaceFile(const std::string& path, const std::optional<struct stat>& o
     if (old)
         takeOwnerAndMode(temporary.file().get(), *old);
 
-    if (auto failure = writeAll(temporary.file(), content))
+    if (auto failure = writeAll(temporary.file(), content, stop))
         return failure;
     if (uninterrupted([&] { return ::fsync(temporary.file().get()); }) != 0)
         return systemFailure();
+    if (stop.stop_requested()) // flushing may have taken long
+        return stopFailure();
     if (!temporary.moveTo(path))
         return systemFailure();
     flushDirectory(directory);
@@ -118,7 +129,8 @@ Failure replaceFile(const std::string& path, const std::optional<struct stat>& o
 
 } // namespace
 
-std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content) {
+std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content,
+                                               const std::stop_token& stop) {
     struct stat status {};
     const bool exists = ::stat(path.c_str(), &status) == 0;
     if (!exists && errno != ENOENT)
@@ -130,8 +142,13 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     const auto target = behindLinks(path);
     if (!target)
         return systemFailure();
-    return replaceFile(*target, exists ? std::optional(status) : std::nullopt, newFileMode,
-                       content);
+    return replaceFile(*target, exists ? std::optional(status) : std::nullopt, newFileMode, content,
+                       stop);
+}
+
+bool isWrittenInPlace(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
 std::optional<std::string> replaceFileAtomically(const std::string& path,

@@ -28,9 +28,10 @@ public:
         sigset_t signals;
         sigemptyset(&signals);
         ::posix_spawnattr_setsigmask(&m_attributes, &signals);
-        // That we ignore it is of our own making, and would be inherited. What else is ignored was
-        // so from the start, and is meant for the new process as well.
+        // That we ignore them is of our own making, and would be inherited. What else is ignored
+        // was so from the start, and is meant for the new process as well.
         sigaddset(&signals, SIGPIPE);
+        sigaddset(&signals, SIGXFSZ);
         ::posix_spawnattr_setsigdefault(&m_attributes, &signals);
         // Closing the terminal that this one came from is to be no hang-up for it.
         ::posix_spawnattr_setflags(&m_attributes,
