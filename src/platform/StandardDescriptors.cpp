@@ -1,7 +1,11 @@
 #include "platform/StandardDescriptors.h"
 
+#include "platform/Descriptor.h"
+
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <vector>
 
 namespace veridane {
 
@@ -12,6 +16,16 @@ void fillStandardDescriptors() {
     while (descriptor >= 0 && descriptor <= STDERR_FILENO);
     if (descriptor >= 0)
         ::close(descriptor);
+}
+
+bool canOpenFiles(std::size_t count) {
+    std::vector<Descriptor> opened;
+    while (opened.size() < count) {
+        opened.emplace_back(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0));
+        if (!opened.back())
+            return false;
+    }
+    return true;
 }
 
 } // namespace veridane

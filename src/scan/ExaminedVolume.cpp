@@ -1,11 +1,15 @@
 #include "scan/ExaminedVolume.h"
 
+#include "platform/StandardDescriptors.h"
 #include "platform/UserDirectories.h"
 
 #include <utility>
 
 namespace veridane {
 namespace {
+
+// A path, a folder in it and a file in that take five; the rest makes a deep bundle quick.
+constexpr std::size_t neededFiles = 16;
 
 std::vector<Path> ownHome() {
     const auto home = homeDirectory();
@@ -21,6 +25,8 @@ bool isDirectory(const FileSystem& files, const Path& path) {
 
 std::variant<ExaminedVolume, VolumeError> openVolume(const std::optional<std::string>& directory,
                                                      const std::vector<std::string>& homes) {
+    if (!canOpenFiles(neededFiles))
+        return VolumeError{"too few files may be open at the same time"};
     auto files = std::make_unique<const FileSystem>(directory.value_or("/"));
     // Not by listing it: a root that may only be gone through can be scanned all the same.
     if (!isDirectory(*files, Path()))

@@ -1,5 +1,6 @@
 #include "ui/NetworkPaths.h"
 
+#include "platform/MessageBus.h"
 #include "platform/NetworkLinks.h"
 #include "ui/NetworkLinkWatcher.h"
 
@@ -59,9 +60,11 @@ private:
 };
 
 /// Whether the toolkit can ask the system's service without waiting for an answer that never comes:
-/// it would wait for 25 seconds, and the window with it.
+/// it would wait for 25 seconds, and for a bus without end, and the window with it.
 bool isServiceAnswering() {
 #ifdef Q_OS_LINUX
+    if (MessageBus::isSilent(MessageBus::systemAddress()))
+        return false;
     constexpr int patience = 500; // milliseconds; a service that runs takes one
     auto question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.NetworkManager"),

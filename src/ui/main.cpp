@@ -1,4 +1,5 @@
 #include "platform/Environment.h"
+#include "platform/MessageBus.h"
 #include "platform/StandardDescriptors.h"
 #include "platform/Text.h"
 #include "ui/LaunchArguments.h"
@@ -24,6 +25,10 @@ using namespace veridane;
 using namespace veridane::ui;
 
 constexpr int failure = 2;
+
+// The window itself opens a dozen and more of them with each further library; the rest is for the
+// scan and the network.
+constexpr std::size_t neededFiles = 64;
 
 int complain(std::string_view message) {
     std::cerr << "veridane: " << text::printable(message) << std::endl;
@@ -53,6 +58,14 @@ bool namesDisplay(const std::vector<std::string>& arguments) {
 #endif
 }
 
+/// The toolkit would wait for its answer without end. Programs that we start would as well.
+void leaveSilentBus() {
+    if (!MessageBus::isSilent(MessageBus::sessionAddress()))
+        return;
+    complain("the desktop's message bus does not answer; going on without it");
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
+}
+
 /// The toolkit's messages while it looks for a display. Where it fails it would end in an abort.
 void endWithoutAbort(QtMsgType type, const QMessageLogContext&, const QString& message) {
     const std::string text = message.toStdString();
@@ -66,6 +79,7 @@ void endWithoutAbort(QtMsgType type, const QMessageLogContext&, const QString& m
 int main(int argc, char** argv) {
     fillStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failure to write like any other
     std::vector<std::string> commandLine(argv, argv + argc);
     const std::vector<std::string> given(argv + 1, argv + argc);
     const auto atOnce = parseLaunchArguments(given);
@@ -77,6 +91,9 @@ int main(int argc, char** argv) {
         return complain("there is no display to show a window on; "
                         "veridane-cli scans in a terminal");
 
+    if (!canOpenFiles(neededFiles))
+        return complain("too few files may be open at the same time");
+    leaveSilentBus();
     const auto messageHandler = qInstallMessageHandler(endWithoutAbort);
     const QApplication application(argc, argv); // takes the arguments that are meant for it
     qInstallMessageHandler(messageHandler);
