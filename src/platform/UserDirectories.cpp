@@ -22,6 +22,16 @@ std::optional<std::string> absolutePathIn(const char* variable) {
     return value && value->starts_with('/') ? std::move(value) : std::nullopt;
 }
 
+/// What the variable says, else a place below the home.
+std::optional<std::string> directoryIn(const char* variable, const char* belowHome) {
+    if (auto directory = absolutePathIn(variable))
+        return directory;
+    auto home = homeDirectory();
+    if (home)
+        *home += belowHome;
+    return home;
+}
+
 bool isDirectory(const std::string& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
@@ -44,16 +54,17 @@ std::optional<std::string> homeDirectory() {
 
 std::optional<std::string> userDataDirectory() {
 #ifdef __APPLE__
-    constexpr const char* belowHome = "/Library/Application Support";
-#else
-    constexpr const char* belowHome = "/.local/share";
-    if (auto directory = absolutePathIn("XDG_DATA_HOME"))
-        return directory;
-#endif
     auto home = homeDirectory();
     if (home)
-        *home += belowHome;
+        *home += "/Library/Application Support";
     return home;
+#else
+    return directoryIn("XDG_DATA_HOME", "/.local/share");
+#endif
+}
+
+std::optional<std::string> userConfigDirectory() {
+    return directoryIn("XDG_CONFIG_HOME", "/.config");
 }
 
 std::optional<std::string> makeDirectories(const std::string& path) {

@@ -13,6 +13,10 @@ namespace veridane {
 /// .local/share in the home; on a Mac Library/Application Support. It may not exist yet.
 [[nodiscard]] std::optional<std::string> userDataDirectory();
 
+/// Where programs keep the user's settings: $XDG_CONFIG_HOME where it is absolute, else .config in
+/// the home. It may not exist yet.
+[[nodiscard]] std::optional<std::string> userConfigDirectory();
+
 /// Makes a directory of this machine with those above it; new ones are open to the user alone. One
 /// that exists is left as it is. Gives the system's description of the failure, or nothing.
 [[nodiscard]] std::optional<std::string> makeDirectories(const std::string& path);

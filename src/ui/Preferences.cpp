@@ -1,10 +1,11 @@
 #include "ui/Preferences.h"
 
+#include "platform/UserDirectories.h"
 #include "ui/Text.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QStringList>
 
 namespace veridane::ui {
@@ -30,8 +31,11 @@ std::unique_ptr<QSettings> userSettings() {
 #ifdef __APPLE__
     return std::make_unique<QSettings>(QStringLiteral("Mirefold"), QStringLiteral("Veridane"));
 #else
-    return settingsIn(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                      QLatin1String("/Mirefold/Veridane.conf"));
+    // Not where the toolkit would look: it takes a relative path in the environment as it is.
+    const auto directory = userConfigDirectory();
+    return directory ? settingsIn(QFile::decodeName(directory->c_str()) +
+                                  QLatin1String("/Mirefold/Veridane.conf"))
+                     : nullptr;
 #endif
 }
 
