@@ -35,7 +35,7 @@ std::string HostileVolume::toy(int number) {
 }
 
 bool HostileVolume::isUnpromised(std::string_view path) {
-    return path.starts_with("/Applications/Toys/") || path.find("/damaged-file-") != path.npos;
+    return path.find("/Toys/") != path.npos || path.find("/damaged-file-") != path.npos;
 }
 
 HostileVolume HostileWriter::run() {
