@@ -237,14 +237,14 @@ TEST_F(Hostile, ATerminalIsShownTextAlone) {
     std::ranges::copy(world->volume.silent, std::back_inserter(inspect));
     for (const Texts& arguments : {scan, inspect}) {
         std::ostringstream out, err;
-        const int status = cli::run(arguments, {out, err}, {});
+        const int status = cli::run(arguments, {.out = out, .err = err}, {});
         EXPECT_EQ(status, arguments == scan ? 0 : 2) << "Some paths lead nowhere, which is told.";
         EXPECT_TRUE(isTame(out.str()) && isTame(err.str())) << arguments[0];
         EXPECT_EQ((out.str() + err.str()).find(HostileVolume::canary), std::string::npos);
     }
     inspect.insert(inspect.begin() + 1, {"--format", "json"});
     std::ostringstream out, err;
-    EXPECT_EQ(cli::run(inspect, {out, err}, {}), 2);
+    EXPECT_EQ(cli::run(inspect, {.out = out, .err = err}, {}), 2);
     EXPECT_GE(nlohmann::json::parse(out.str()).size() + 20, inspect.size());
 }
 

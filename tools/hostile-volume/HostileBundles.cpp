@@ -128,9 +128,9 @@ void HostileWriter::writeTricksBesideGoodFiles() {
          }},
         {"links to ancestors",
          [&](auto& b, auto&) {
-             for (const std::string target : {".", "..", "../../..", "/", "//Applications"})
-                 m_mac.link(b + "/Contents/to " + std::to_string(target.size() + target[0]),
-                            target);
+             int number = 0;
+             for (const char* target : {".", "..", "../../..", "/", "/Applications"})
+                 m_mac.link(b + "/Contents/to " + std::to_string(number++), target);
          }},
         {"links outside",
          [&](auto& b, auto&) {
