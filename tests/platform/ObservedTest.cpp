@@ -1,14 +1,11 @@
 #include "platform/Observed.h"
 
-#include "platform/DrainedQueue.h"
 #include "platform/SerialWorker.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <optional>
 #include <string>
-#include <thread>
 
 namespace veridane {
 namespace {
@@ -51,21 +48,6 @@ TEST(Observed, AnObserverMayTakeTheValueAlong) {
     const Subscription second = value->observe([] {});
     value->set(1);
     EXPECT_FALSE(value);
-}
-
-TEST(DrainedQueue, RunsTasksInOrderAndThoseThatTheyPost) {
-    DrainedQueue queue;
-    std::string ran;
-    queue.post([&] {
-        ran += 'a';
-        queue.post([&] { ran += 'c'; });
-    });
-    queue.post([&] { ran += 'b'; });
-    EXPECT_EQ(queue.drain(), 3u);
-    EXPECT_EQ(ran, "abc");
-
-    const std::jthread other([&] { queue.post([&] { ran += 'd'; }); });
-    queue.drainUntil([&] { return ran == "abcd"; });
 }
 
 TEST(SerialWorker, FinishesEverythingInOrderAndWhatIsPostedMeanwhile) {

@@ -1,6 +1,5 @@
 #include "platform/ByteSource.h"
 #include "platform/CmsSigner.h"
-#include "platform/CodeSignature.h"
 #include "platform/EmbeddedSignature.h"
 #include "platform/SignatureBlobs.h"
 #include "support/VolumeTest.h"
@@ -39,15 +38,14 @@ using SignedFiles = VolumeTest;
 std::string summaryByFullDecoder(const Bytes& bytes) {
     const unsigned char* at = bytes.data();
     CMS_ContentInfo* cms = d2i_CMS_ContentInfo(nullptr, &at, static_cast<long>(bytes.size()));
-    CMS_SignerInfo* signer = sk_CMS_SignerInfo_value(CMS_get0_SignerInfos(cms), 0);
-    STACK_OF(X509)* certificates = CMS_get1_certs(cms);
+    CMS_set1_signers_certs(cms, nullptr, 0);
+    STACK_OF(X509)* signers = CMS_get0_signers(cms);
     char text[256] = "";
-    for (int i = 0; i < sk_X509_num(certificates); ++i)
-        if (X509* one = sk_X509_value(certificates, i); CMS_SignerInfo_cert_cmp(signer, one) == 0)
-            for (const int kind : {NID_pkcs9_emailAddress, NID_organizationName,
-                                   NID_organizationalUnitName, NID_commonName})
-                X509_NAME_get_text_by_NID(X509_get_subject_name(one), kind, text, sizeof text);
-    sk_X509_pop_free(certificates, X509_free);
+    for (const int kind :
+         {NID_pkcs9_emailAddress, NID_organizationName, NID_organizationalUnitName, NID_commonName})
+        X509_NAME_get_text_by_NID(X509_get_subject_name(sk_X509_value(signers, 0)), kind, text,
+                                  sizeof text);
+    sk_X509_free(signers);
     CMS_ContentInfo_free(cms);
     return text;
 }
@@ -177,11 +175,7 @@ TEST(CodeSignature, ADamagedFileGivesWhatIsStillSound) {
     // index of three entries begins, and behind it the code directory.
     constexpr std::size_t uuid = 32, place = 56, super = 80, directory = super + 36;
     ASSERT_TRUE(file.at(place) == 0x1D && file.at(super) == 0xFA && file.at(directory) == 0xFA);
-    const struct {
-        const char* what;
-        Bytes bytes;
-        std::string found;
-    } cases[] = {
+    const std::tuple<const char*, Bytes, std::string> cases[] = {
         {"a universal slice that is the file itself", with(universal, 16, {0, 0, 0, 0}), nothing},
         {"a universal slice behind the end", with(universal, 16, {0x7F}), nothing},
         {"more slices than files have", with(universal, 4, {0, 0, 0, 64}), nothing},
@@ -225,11 +219,7 @@ TEST_F(SignedFiles, ABundleIsReadBesideItsSealOnlyWithoutCode) {
         .file("/AdHoc.app/Contents" + folder + "CodeDirectory", seal);
     volume.file("/script", "#!/bin/sh\n").file("/unsigned", thinMachO(x86_64));
     volume.file("/signed", thinMachO(x86_64, embeddedSignature({})));
-    const struct {
-        const char* bundle;
-        std::optional<Path> executable;
-        std::string found;
-    } cases[] = {
+    const std::tuple<const char*, std::optional<Path>, std::string> cases[] = {
         {"/A.app", {}, complete},
         {"/A.app", Path("/script"), complete},
         {"/A.app", Path("/unsigned"), nothing},

@@ -1,14 +1,13 @@
 #include "platform/Text.h"
 
-#include "platform/Date.h"
 #include "platform/Language.h"
 #include "platform/Locale.h"
 #include "platform/Path.h"
+#include "platform/PercentEncoding.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <string>
 #include <tuple>
 #include <utility>
 
@@ -16,10 +15,7 @@ namespace veridane {
 namespace {
 
 TEST(Text, EachOperationGivesValidTextByUnicodesRules) {
-    const struct {
-        std::string (*operation)(std::string_view);
-        std::string given, expected;
-    } cases[] = {
+    const std::tuple<std::string (*)(std::string_view), std::string, std::string> cases[] = {
         {text::validUtf8, "日\U0001F600 \xFFz, cut \xE6\x97", "日\U0001F600 \uFFFDz, cut \uFFFD"},
         {text::validUtf8, "\xC0\xAF \xED\xA0\x80", "\uFFFD\uFFFD \uFFFD\uFFFD\uFFFD"},
         {text::validUtf8, std::string("\xFF\0z", 3), std::string("\uFFFD\0z", 5)},
@@ -131,10 +127,17 @@ TEST(Date, IsReadInThisFormAlone) {
         EXPECT_FALSE(parseISO8601(text)) << text;
 }
 
+TEST(PercentEncoding, WhatStaysDependsOnThePlace) {
+    // Of letters and digits the first and the last, and what stands beside them in ASCII.
+    const std::string bytes("-._~/09:@AZ[`az{ !$&'()*+,;=?#%\"\0\xFF", 34);
+    EXPECT_EQ(percentEncoded(bytes, PercentEncoding::fileName),
+              "-._~%2F09%3A%40AZ%5B%60az%7B%20%21%24%26%27%28%29%2A%2B%2C%3B%3D%3F%23%25%22%00%FF");
+    EXPECT_EQ(percentEncoded(bytes, PercentEncoding::urlQuery),
+              "-._~/09:@AZ%5B%60az%7B%20!$&'()*+,;=?%23%25%22%00%FF");
+}
+
 TEST(Path, PartsOfANameAreThoseThatAMacSees) {
-    const struct {
-        const char *path, *name, *stem, *extension;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"/Applications/Foo Bar.app/", "Foo Bar.app", "Foo Bar", "app"},
         {"/a//b.tar.gz", "b.tar.gz", "b.tar", "gz"},
         {"/.hidden", ".hidden", ".hidden", ""},
@@ -142,11 +145,11 @@ TEST(Path, PartsOfANameAreThoseThatAMacSees) {
         {"relative", "relative", "relative", ""},
         {"/", "/", "/", ""},
     };
-    for (const auto& c : cases) {
-        const Path path(c.path);
+    for (const auto& [given, name, stem, extension] : cases) {
+        const Path path(given);
         EXPECT_EQ((std::tuple(path.name(), path.stem(), path.extension())),
-                  (std::tuple(c.name, c.stem, c.extension)))
-            << c.path;
+                  (std::tuple(name, stem, extension)))
+            << given;
     }
     EXPECT_EQ((Path("/A.app") / "/bin//sh/").bytes(), "/A.app/bin/sh");
     EXPECT_EQ((Path("/a") / "").bytes(), "/a");

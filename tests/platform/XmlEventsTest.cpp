@@ -38,10 +38,7 @@ std::string declared(const std::string& encoding, const std::string& text) {
 }
 
 TEST(XmlEvents, TellInUtf8WhatStandsInAWellFormedDocument) {
-    const struct {
-        const char* what;
-        std::string document, events;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"names as written", "<x:r b='' x:a='&lt;1&#233;'><R/></x:r>", "<x:r <1\u00E9><R>//"},
         {"CDATA, comment, instruction", "<r>1<![CDATA[9]]>2<!-- 9 -->3<?p 9?>4</r>", "<r>1234/"},
         {"a document type elsewhere", "<!DOCTYPE r PUBLIC '-//A' '/etc/passwd'><r>&n;1</r>",
@@ -61,8 +58,8 @@ TEST(XmlEvents, TellInUtf8WhatStandsInAWellFormedDocument) {
         {"no encoding at all", declared("no-such-set", ""), "unreadable"},
         {"not the encoding it should be", "<r>\xE9</r>", "unreadable"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(read(c.document), c.events) << c.what;
+    for (const auto& [what, document, events] : cases)
+        EXPECT_EQ(read(document), events) << what;
 }
 
 TEST(XmlEvents, DoNotDependOnWhereADocumentIsCut) {

@@ -1,9 +1,11 @@
 #include "support/LoopbackServer.h"
 
-#include "support/TlsIdentity.h"
+#include "support/VolumeBuilder.h"
 
 #include <netinet/in.h>
+#include <openssl/pem.h>
 #include <openssl/ssl.h>
+#include <openssl/x509v3.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -11,6 +13,49 @@
 #include <cstdlib>
 
 namespace veridane::test {
+
+/// A fresh key and a certificate for 127.0.0.1 and localhost that nobody but a test trusts.
+class TlsIdentity {
+public:
+    TlsIdentity();
+
+    /// For the connections of a server.
+    [[nodiscard]] SSL_CTX* context() const { return m_context.get(); }
+
+    /// The certificate as PEM, for as long as this lives.
+    [[nodiscard]] std::string caFile() const { return m_folder.hostPath("/ca.pem"); }
+
+private:
+    VolumeBuilder m_folder;
+    std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> m_context;
+};
+
+TlsIdentity::TlsIdentity() : m_context(SSL_CTX_new(TLS_server_method()), &SSL_CTX_free) {
+    EVP_PKEY* const key = EVP_EC_gen("P-256");
+    X509* const certificate = X509_new();
+    X509_set_version(certificate, X509_VERSION_3);
+    constexpr long hour = 3600;
+    X509_gmtime_adj(X509_getm_notBefore(certificate), -hour);
+    X509_gmtime_adj(X509_getm_notAfter(certificate), hour);
+    X509_NAME* const name = X509_get_subject_name(certificate);
+    const unsigned char text[] = "Loopback";
+    X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_ASC, text, -1, -1, 0);
+    X509_set_issuer_name(certificate, name);
+    X509_set_pubkey(certificate, key);
+    X509_EXTENSION* const names =
+        X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, "IP:127.0.0.1,DNS:localhost");
+    X509_add_ext(certificate, names, -1);
+    X509_sign(certificate, key, EVP_sha256());
+    SSL_CTX_use_certificate(m_context.get(), certificate);
+    SSL_CTX_use_PrivateKey(m_context.get(), key);
+
+    BIO* const file = BIO_new_file(caFile().c_str(), "w");
+    PEM_write_bio_X509(file, certificate);
+    BIO_free(file);
+    X509_EXTENSION_free(names);
+    X509_free(certificate);
+    EVP_PKEY_free(key);
+}
 
 std::string answerText(int status, std::string_view body, std::string_view headers) {
     std::string text = "HTTP/1.1 " + std::to_string(status) + " Status\r\nContent-Length: ";

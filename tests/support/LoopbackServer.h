@@ -71,8 +71,6 @@ public:
 
     explicit LoopbackServer(Handler handler, Security security = Security::none);
     ~LoopbackServer();
-    LoopbackServer(const LoopbackServer&) = delete;
-    LoopbackServer& operator=(const LoopbackServer&) = delete;
 
     [[nodiscard]] std::string url(std::string_view path = "/",
                                   std::string_view host = "127.0.0.1") const;
