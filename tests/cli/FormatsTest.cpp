@@ -1,7 +1,6 @@
 #include "cli/Commands.h"
 #include "coordination/StatusFilter.h"
 #include "model/JsonForms.h"
-#include "model/Recommendation.h"
 #include "model/RecordFields.h"
 #include "platform/Language.h"
 #include "sample/SampleVolume.h"

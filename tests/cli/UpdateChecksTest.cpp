@@ -72,8 +72,6 @@ TEST_F(UpdateChecks, TheReportSaysWhatTheStoreAndTheFeedsSay) {
     EXPECT_TRUE(out.ends_with("\nUpdates\n  Fed " + name + "  Update available → 1.1\n  Gone" +
                               name + "  Error: HTTP 404\n"))
         << out;
-    ASSERT_EQ(scan({"--format", "csv"}), success);
-    EXPECT_NE(out.find("Update verfügbar → 1.1"), std::string::npos) << out;
 }
 
 TEST_F(UpdateChecks, AnEndlessVersionDoesNotFloodTheTerminal) {

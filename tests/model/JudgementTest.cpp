@@ -9,10 +9,7 @@ namespace {
 using enum CPUArch;
 
 TEST(ArchitectureReport, OneNativeSliceDecidesThenOneOf64BitIntel) {
-    const struct {
-        ArchitectureReport report;
-        std::string_view status, summary;
-    } cases[] = {
+    const std::tuple<ArchitectureReport, std::string_view, std::string_view> cases[] = {
         {{{x86_64, arm64}, true}, "native", "x86_64 + arm64"},
         {{{arm64e}, true}, "native", "arm64e"},
         {{{x86_64, i386}, true}, "needsRosetta", "x86_64 + i386"},

@@ -55,28 +55,24 @@ TEST_F(Bundles, ABundleWithoutAnythingReadableIsStillAnItem) {
 }
 
 TEST_F(Bundles, TheMainExecutableIsTheNamedOneElseTheFirstThatCouldBeIt) {
-    const struct {
-        std::optional<std::string> named;
-        std::vector<const char*> intel;
-        const char* script;
-        std::size_t components; // the main executable is none of them
-    } cases[] = {
+    // The last number counts the components: the main executable is none of them.
+    const std::tuple<std::optional<std::string>, Texts, const char*, std::size_t> cases[] = {
         {"B", {"Contents/MacOS/A", "Contents/MacOS/B"}, "C", 1},
         {"missing, so the first listed", {"Contents/MacOS/A"}, "Contents/MacOS/B", 0},
         {{}, {"tool"}, "a script", 0},
         {"/Contents/Helpers/A", {"Contents/Helpers/A"}, "C", 0},
         {{}, {"Contents/Helpers/A"}, "Contents/MacOS/run", 1},
     };
-    for (const auto& c : cases) {
+    for (const auto& [named, intel, script, components] : cases) {
         VolumeBuilder fresh;
-        for (const std::string program : c.intel)
+        for (const std::string& program : intel)
             fresh.file("/Foo.app/" + program, thinMachO(Slice::x86_64));
-        fresh.bundle("/Foo.app").file(c.script, "#!/bin/sh");
-        if (c.named)
-            fresh.bundle("/Foo.app").info("CFBundleExecutable", *c.named);
+        fresh.bundle("/Foo.app").file(script, "#!/bin/sh");
+        if (named)
+            fresh.bundle("/Foo.app").info("CFBundleExecutable", *named);
         const ScanItem item = inspect(fresh);
-        EXPECT_EQ(item.status, needsRosetta) << c.named.value_or(c.script);
-        EXPECT_EQ(item.intelComponents.size(), c.components) << c.named.value_or(c.script);
+        EXPECT_EQ(item.status, needsRosetta) << script;
+        EXPECT_EQ(item.intelComponents.size(), components) << script;
     }
 }
 

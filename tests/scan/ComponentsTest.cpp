@@ -1,16 +1,13 @@
 #include "scan/BundleWalk.h"
 #include "support/VolumeTest.h"
 
-#include <filesystem>
-
 namespace veridane::test {
 namespace {
 
 const Path bundle("/Applications/Foo.app");
-const Path executable = bundle / "Contents/MacOS/Foo";
 
-BundleWalk walk(const VolumeBuilder& volume, const std::optional<Path>& main = executable) {
-    return walkBundle(volume.files(), bundle, main);
+BundleWalk walk(const VolumeBuilder& volume) {
+    return walkBundle(volume.files(), bundle, bundle / "Contents/MacOS/Foo");
 }
 
 using Components = VolumeTest;

@@ -1,5 +1,4 @@
 #include "scan/FileItems.h"
-#include "scan/SearchLocations.h"
 #include "support/VolumeTest.h"
 
 #include <algorithm>
@@ -62,11 +61,7 @@ TEST_F(Targets, ALaunchPlistIsReducedToItsProgram) {
     const auto target = [](const char* path, const char* name) {
         return FileTarget{Path(path), ItemKind::launchService, name};
     };
-    const struct {
-        const char* what;
-        PlistDictionary plist;
-        std::vector<FileTarget> expected;
-    } cases[] = {
+    const std::tuple<const char*, PlistDictionary, std::vector<FileTarget>> cases[] = {
         {"program and label",
          {{"Label", "org.x"}, {"Program", "/tool"}},
          {target("/tool", "org.x")}},
@@ -81,11 +76,11 @@ TEST_F(Targets, ALaunchPlistIsReducedToItsProgram) {
     volume.file("/tool", "").file("/Foo.app/Contents/MacOS/Foo", "");
     volume.file("/Library/LaunchDaemons/damaged.plist", "bplist00");
     volume.fifo("/Library/LaunchDaemons/fifo.plist");
-    for (const auto& c : cases) {
-        volume.plist("/Library/LaunchDaemons/x.PLIST", c.plist, PlistForm::binary);
-        volume.plist("/Library/LaunchDaemons/x.plist.bak", c.plist);
+    for (const auto& [what, plist, expected] : cases) {
+        volume.plist("/Library/LaunchDaemons/x.PLIST", plist, PlistForm::binary);
+        volume.plist("/Library/LaunchDaemons/x.plist.bak", plist);
         const auto found = launchServiceTargets(volume.files(), SearchLocations({}));
-        EXPECT_EQ(found, c.expected) << c.what;
+        EXPECT_EQ(found, expected) << what;
     }
 }
 

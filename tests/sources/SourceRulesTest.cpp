@@ -63,6 +63,8 @@ Texts mismatches(const std::set<std::string>& texts, const nlohmann::json& table
 }
 
 TEST(SourceRules, IncludesPointDownAndEachTextInUseHasOneEntryInTheLanguageTable) {
+    EXPECT_EQ(forbiddenIncludes("scan", "#include \"updates/A.h\"\n # include <QString>\n"),
+              (Texts{"updates/A.h", "QString"}));
     std::set<std::string> texts;
     for (const auto& entry : fs::recursive_directory_iterator(root / "src")) {
         const fs::path path = entry.path().lexically_relative(root / "src");
@@ -75,22 +77,19 @@ TEST(SourceRules, IncludesPointDownAndEachTextInUseHasOneEntryInTheLanguageTable
     EXPECT_EQ(mismatches(texts, table), Texts());
 }
 
-TEST(SourceRules, AForbiddenIncludeIsFound) {
-    const std::string source =
-        "#include \"model/A.h\"\n  # include \"scan/B.h\"\n#include <QString>\n"
-        "#include \"updates/C.h\"\n#include \"cli/D.h\"\n#include \"E.h\"\n";
-    EXPECT_EQ(forbiddenIncludes("scan", source),
-              (Texts{"QString", "updates/C.h", "cli/D.h", "E.h"}));
-    EXPECT_EQ(forbiddenIncludes("ui", source), (Texts{"cli/D.h", "E.h"}));
-}
-
-TEST(SourceRules, AMissingAndAnUnusedEntryAreFound) {
-    const std::string source = "unlocalized(\"another function\");\n"
-                               "f(localized(\"Größe \\\"1\\\" \"\n    \"von %@\", g(2)));\n"
-                               "localized(\"Nativ\"); localized(name); localized(\"a\" + b);";
-    EXPECT_EQ(mismatches(textsInUse(source), {{"Nativ", "Native"}, {"Fertig", "Done"}}),
-              (Texts{"no entry: Größe \"1\" von %@", "no entry: not a literal",
-                     "no entry: not a literala", "not used: Fertig"}));
+TEST(SourceRules, EverySymbolOfTheWindowHasADrawing) {
+    static const std::regex symbol(R"re("((?!org\.)[a-z]+(?:\.[a-z0-9]+)+)")re");
+    const fs::path drawings = root / "resources/symbols";
+    const std::string fromPackage = textOf(drawings / "package.txt");
+    for (const auto& entry : fs::directory_iterator(root / "src/ui")) {
+        const std::string source = textOf(entry.path());
+        for (const std::smatch& match : matches(source, symbol)) {
+            const std::string name = match[1];
+            EXPECT_TRUE(fs::exists(drawings / (name + ".svg")) ||
+                        fromPackage.find("\n" + name + " ") != std::string::npos)
+                << name;
+        }
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "updates/UpdateChecker.h"
 
 #include "support/ItemSamples.h"
+#include "updates/VersionRule.h"
 
 #include <gtest/gtest.h>
 
@@ -51,11 +52,8 @@ TEST_F(Checker, OfAFeedBuildNumbersDecideBeforeShortVersions) {
     const std::string both = "<enclosure sparkle:version='200' sparkle:shortVersionString='2.0'/>",
                       build = "<sparkle:version>200</sparkle:version>",
                       marketing = "<sparkle:shortVersionString>2.0</sparkle:shortVersionString>";
-    const struct {
-        std::string entry;
-        std::optional<std::string> version, buildNumber;
-        Result expected;
-    } cases[] = {
+    using Version = std::optional<std::string>;
+    const std::tuple<std::string, Version, Version, Result> cases[] = {
         {both, "3.0", "150", Result::updateAvailable("2.0")},
         {both, "1.0", "200", Result::upToDate("2.0")},
         {both, "1.0", std::nullopt, Result::updateAvailable("2.0")},
@@ -127,6 +125,38 @@ TEST_F(Checker, WhatHasNoAddressIsNeverAskedAbout) {
         item.sparkleFeedURL = item.bundleIdentifier = address;
         EXPECT_EQ(check(), Result::noFeed());
         EXPECT_TRUE(client.requests.empty()) << rawString(source) << address.value_or("none");
+    }
+}
+
+TEST(Version, IsTheListOfNumbersInTheText) {
+    using Components = std::vector<std::int64_t>;
+    const std::pair<std::string_view, Components> cases[] = {
+        {"2.0b3", {2, 0, 3}},
+        {"..1..2-", {1, 2}},
+        {"", {}},
+        {"9223372036854775807.9223372036854775808", {INT64_MAX, 0}},
+        {"1.\u0663\u0664.2", {1, 0, 2}}, // Arabic-Indic digits
+        {"1½.Ⅻ.3", {0, 0, 3}},           // a fraction joins its run
+        {"1十.四五2", {0, 0}},           // Chinese numerals are letters to most rules
+        {"1\xFF"
+         "2\xE5\x8D",
+         {1, 2}},
+    };
+    for (const auto& [text, components] : cases)
+        EXPECT_EQ(UpdateChecker::versionComponents(text), components) << text;
+}
+
+TEST(Version, IsNewerByTheFirstComponentThatDiffers) {
+    const std::tuple<std::string_view, std::string_view, bool> cases[] = {
+        {"1.10", "1.9", true},     {"1.2.1", "1.2", true}, {"1.2", "1.2.0", false},
+        {"1.2b3", "1.2.3", false}, {"", "0.0", false},     {"2", "1.9.9", true},
+        {"1.0", "1.0.0.1", false},
+    };
+    for (const auto& [a, b, expected] : cases) {
+        EXPECT_EQ(UpdateChecker::isNewer(a, b), expected) << a << " and " << b;
+        EXPECT_EQ(UpdateChecker::isNewer(a, UpdateChecker::versionComponents(b)), expected)
+            << a << " and " << b;
+        EXPECT_FALSE(UpdateChecker::isNewer(a, a)) << a;
     }
 }
 

@@ -1,7 +1,9 @@
 #include "updates/AppcastParser.h"
+#include "updates/StoreLookup.h"
 
 #include <gtest/gtest.h>
 
+/// What feeds and the store answer.
 namespace veridane {
 namespace {
 
@@ -25,10 +27,8 @@ std::string shortElement(const std::string& text) {
     return "<sparkle:shortVersionString>" + text + "</sparkle:shortVersionString>";
 }
 
-TEST(Appcast, TheVersionsOfAnItemAreTheLastThatStandInIt) {
-    const struct {
-        std::string what, content, newest;
-    } cases[] = {
+TEST(Appcast, TheNewestItemIsGivenWithTheLastVersionsThatStandInIt) {
+    const std::tuple<std::string, std::string, std::string> cases[] = {
         {"an element behind the attribute", item("120", element("\u00A0 130\r\n")), "130 (-)"},
         {"an element before it", "<item>" + element("130") + item("120").substr(6), "120 (-)"},
         {"blank element", item("120", element(" ")), "120 (-)"},
@@ -49,15 +49,6 @@ TEST(Appcast, TheVersionsOfAnItemAreTheLastThatStandInIt) {
         {"an item in an item", item("1", item("2") + element("3")), "2 (-)"},
         {"no item", element("1"), "unreadable"},
         {"no good end", item("1") + "<item>", "unreadable"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(newestOf(c.content), c.newest) << c.what;
-}
-
-TEST(Appcast, TheNewestItemIsGivenAndOfEqualOnesTheFirst) {
-    const struct {
-        std::string what, content, newest;
-    } cases[] = {
         {"in the middle", item("1.9") + item("1.10") + item("1.2"), "1.10 (-)"},
         {"equal", item("2.0", shortElement("a")) + item("2.0.0", shortElement("b")), "2.0 (a)"},
         {"unequal keys", item("3") + "<item>" + shortElement("4") + "</item>", "- (4)"},
@@ -65,8 +56,8 @@ TEST(Appcast, TheNewestItemIsGivenAndOfEqualOnesTheFirst) {
         {"none is no more", "<item/>" + item("0.1"), "0.1 (-)"},
         {"none and empty are 0", "<item/>" + item("") + item("0.0"), "- (-)"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(newestOf(c.content), c.newest) << c.what;
+    for (const auto& [what, content, newest] : cases)
+        EXPECT_EQ(newestOf(content), newest) << what;
 }
 
 TEST(Appcast, FiftyThousandItemsAreReadInPieces) {
@@ -79,6 +70,53 @@ TEST(Appcast, FiftyThousandItemsAreReadInPieces) {
     for (std::size_t at = 0; at < feed.size(); at += 1'448)
         parser.feed(std::string_view(feed).substr(at, 1'448));
     EXPECT_EQ(parser.finish(), (AppcastEntry{"1.49999", std::nullopt}));
+}
+
+TEST(StoreAnswer, IsAskedForWithTheIdentifierAsItIs) {
+    const std::pair<std::string_view, std::optional<std::string>> cases[] = {
+        {"org.example.App", "http://[::1]:80/lookup?bundleId=org.example.App&country=de"},
+        {"a%20b&c=#d", "http://[::1]:80/lookup?bundleId=a%20b&c=#d&country=de"},
+        {"a b", std::nullopt},
+    };
+    for (const auto& [identifier, expected] : cases) {
+        const auto url = storeLookupUrl("http://[::1]:80", identifier);
+        EXPECT_EQ(url ? std::optional(url->text()) : std::nullopt, expected) << identifier;
+    }
+}
+
+TEST(StoreAnswer, HoldsTheVersionOfItsFirstResult) {
+    using namespace std::string_literals;
+    const auto nested = [](std::size_t depth) { // three of them are the answer's own
+        return R"({"results":[{"version":"1","a":)" + std::string(depth - 3, '[') +
+               std::string(depth - 3, ']') + "}]}";
+    };
+    const std::pair<std::string, std::optional<std::string>> cases[] = {
+        {R"({"resultCount":2,"results":[{"a":{"version":"9"},"version":" 1.0\u00e4 ","b":[{"version":"9"}]},)"
+         R"({"version":"2"}],"version":"9","more":{"results":[{"version":"9"}]}})",
+         " 1.0ä "},
+        {R"({"results":[{"version":""}]})", ""},
+        // Of a key that is there twice, the last counts.
+        {R"({"results":[{"version":"1","version":"2"}]})", "2"},
+        {R"({"results":[{"version":"1","version":["2"]}]})", std::nullopt},
+        {R"({"results":[{"version":"1"}],"results":[{}]})", std::nullopt},
+        // Not the form of an answer.
+        {R"({"results":[{}, {"version":"2"}]})", std::nullopt},
+        {R"({"results":[{"version":1.0}]})", std::nullopt},
+        {R"({"results":[{"version":"1"}, 2]})", std::nullopt},
+        {R"({"results":[[{"version":"1"}]]})", std::nullopt},
+        {R"({"results":{"0":{"version":"1"}}})", std::nullopt},
+        {R"([{"results":[{"version":"1"}]}])", std::nullopt},
+        {nested(512), "1"},
+        {nested(513), std::nullopt},
+        {nested(200'000), std::nullopt},
+        // Not JSON.
+        {"", std::nullopt},
+        {R"({"results":[{"version":"1"}])", std::nullopt},
+        {"{\"results\":[{\"version\":\"1\"}]}\0}"s, std::nullopt},
+        {"{\"results\":[{\"version\":\"1\",\"a\":\"\xE4\"}]}", std::nullopt},
+    };
+    for (const auto& [body, version] : cases)
+        EXPECT_EQ(storeVersion(body), version) << body.substr(0, 200);
 }
 
 } // namespace
