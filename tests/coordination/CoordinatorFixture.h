@@ -1,5 +1,6 @@
 #pragma once
 
+#include "coordination/NetworkMonitor.h"
 #include "coordination/ScanCoordinator.h"
 #include "coordination/VolumeQueries.h"
 #include "platform/DrainedQueue.h"
@@ -19,6 +20,19 @@ public:
     void openApplication(const std::string& name) override { calls.push_back("start " + name); }
 
     Texts calls;
+};
+
+/// A network that the test turns on and off.
+struct HandDrivenWatcher : PathWatcher {
+    explicit HandDrivenWatcher(std::string& recorded) : calls(recorded) {}
+    void start(std::function<void(PathStatus)> handler) override {
+        calls += "start ";
+        onPath = std::move(handler);
+    }
+    void cancel() override { calls += "cancel "; }
+
+    std::string& calls;
+    std::function<void(PathStatus)> onPath;
 };
 
 /// A coordinator whose engine, clock, main queue and network are the test's.

@@ -1,19 +1,13 @@
-#include "coordination/HandDrivenWatcher.h"
 #include "coordination/MakerSite.h"
 #include "platform/CurlHttpClient.h"
 #include "support/LoopbackServer.h"
 #include "ui/CatalogueRow.h"
-#include "ui/InterfaceLanguage.h"
-#include "ui/WelcomeView.h"
 #include "ui/WindowFixture.h"
 
-#include <QBuffer>
-#include <QImage>
 #include <QPushButton>
 
+#include <atomic>
 #include <cstdlib>
-#include <mutex>
-#include <optional>
 
 namespace veridane::test {
 namespace {
@@ -24,16 +18,6 @@ const char* const twoApps = R"([
     {"name": "Erste", "tagline": "Eins", "url": "https://example.com/1", "new": [1, {}]},
     {"name": "Zweite", "tagline": "Zwei", "url": "not an address", "icon": "ftp://example.com/i"}
 ])";
-
-std::string redPicture() {
-    QImage image(64, 64, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
 
 /// The sheet's view before a site of the test's.
 class WelcomeTest : public WindowTest {
@@ -75,23 +59,14 @@ protected:
         return texts;
     }
 
-    /// From now on the site answers with this list; nothing ends the connection.
-    void answerWith(std::optional<std::string> list) {
-        const std::lock_guard lock(mutex);
-        document = std::move(list);
-    }
-    std::optional<std::string> answer() {
-        const std::lock_guard lock(mutex);
-        return document;
-    }
-
-    std::mutex mutex;
-    std::optional<std::string> document = twoApps;
+    std::string listWithIcon;
+    std::atomic<const char*> list = twoApps; // with none, the site ends the connection
     LoopbackServer site{[this](const LoopbackServer::Request& request, auto& connection) {
-        const auto list = answer();
-        if (!list)
+        const char* const answer = list;
+        if (!answer)
             return connection.close();
-        connection.answer(200, request.target == "/apps.json" ? *list : redPicture());
+        connection.answer(
+            200, request.target == "/apps.json" ? answer : pictureFile({64, 64}, Qt::red, "png"));
     }};
     CurlHttpClient client;
     HandDrivenWatcher* watcher = nullptr;
@@ -111,31 +86,25 @@ TEST_F(WelcomeTest, TheSitesListIsShownAsItCame) {
 }
 
 TEST_F(WelcomeTest, WithoutAListFromTheSiteThatOfTheProgramIsShown) {
-    for (const auto& list : {std::optional<std::string>("[]"), std::optional<std::string>()}) {
-        answerWith(list);
+    for (const char* answer : {"[]", static_cast<const char*>(nullptr)}) {
+        list = answer;
         open();
-        ASSERT_EQ(names().size(), 8) << list.value_or("no answer");
+        ASSERT_EQ(names().size(), 8);
         EXPECT_EQ(names().front(), "Wollgras");
     }
-    InterfaceLanguage language;
-    language.apply(AppLanguage::english);
-    turn();
-    EXPECT_EQ(rows().front()->accessibleDescription(), QStringLiteral("Tasks that stay light."));
-    EXPECT_EQ(find(*view, "welcomeScrollArea").accessibleName(),
-              QStringLiteral("Welcome to Veridane"));
-    language.apply(AppLanguage::german);
 }
 
 TEST_F(WelcomeTest, TheTabKeyComesToTheListInItsPlace) {
     open();
     std::vector<const QWidget*> passed;
-    for (QWidget* widget = &find(*view, "welcomeScrollArea"); passed.size() < 5;
-         widget = widget->nextInFocusChain())
-        if (widget->focusPolicy() != Qt::NoFocus)
-            passed.push_back(widget);
-    EXPECT_EQ(passed, (std::vector<const QWidget*>{&find(*view, "welcomeScrollArea"), rows()[0],
-                                                   rows()[1], &find(*view, "moreAppsButton"),
-                                                   &find(*view, "dismissButton")}));
+    for (QWidget* next = &find(*view, "welcomeScrollArea"); passed.size() < 4;) {
+        next = next->nextInFocusChain();
+        if (next->focusPolicy() != Qt::NoFocus)
+            passed.push_back(next);
+    }
+    EXPECT_EQ(passed,
+              (std::vector<const QWidget*>{rows()[0], rows()[1], &find(*view, "moreAppsButton"),
+                                           &find(*view, "dismissButton")}));
 }
 
 TEST_F(WelcomeTest, ItIsThereOnlyWhileTheMachineIsOnline) {
@@ -147,7 +116,6 @@ TEST_F(WelcomeTest, ItIsThereOnlyWhileTheMachineIsOnline) {
     setPath(PathStatus::requiresConnection);
     EXPECT_EQ(names(), Texts());
     setPath(PathStatus::satisfied);
-    EXPECT_EQ(names().size(), 2);
     EXPECT_EQ(site.heads().size(), 1) << "nothing is fetched again";
     view.reset();
     EXPECT_EQ(pathCalls, "start cancel cancel ");
@@ -157,14 +125,15 @@ TEST_F(WelcomeTest, AnAnswerThatComesAfterTheEndIsDropped) {
     appear();
     site.waitForRequests(1);
     view.reset();
-    answerWith("[]");
+    list = "[]";
     open(); // whose answer comes behind the first one
     EXPECT_EQ(names().size(), 8);
 }
 
 TEST_F(WelcomeTest, AnIconTakesThePlaceholdersPlaceOnceItHasCome) {
     const std::string app = R"({"name": "A", "tagline": "B", "url": "C")";
-    answerWith("[" + app + R"(, "icon": ")" + site.url("/red.png") + "\"}, " + app + "}]");
+    listWithIcon = "[" + app + R"(, "icon": ")" + site.url("/red.png") + "\"}, " + app + "}]";
+    list = listWithIcon.c_str();
     open();
     const auto iconColour = [&](std::size_t row) {
         return rows()[row]->grab().toImage().pixelColor(14, 14);

@@ -3,17 +3,16 @@
 #include "coordination/CoordinatorFixture.h"
 #include "ui/ContentView.h"
 #include "ui/Preferences.h"
-#include "ui/SavePanel.h"
+#include "ui/QuietServices.h"
 #include "ui/Theme.h"
+#include "ui/WelcomeView.h"
 
-#include <QCoreApplication>
-#include <QString>
-#include <QWidget>
+#include <QApplication>
+#include <QBuffer>
+#include <QImageWriter>
+#include <QTest>
 
-#include <functional>
-#include <optional>
 #include <stdexcept>
-#include <string>
 
 namespace veridane::test {
 
@@ -39,6 +38,18 @@ inline int occurrences(const std::string& text, const std::string& part) {
     return count;
 }
 
+/// A picture file of one colour.
+inline std::string pictureFile(const QSize& size, const QColor& colour, const char* format) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(colour);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
+    writer.setProgressiveScanWrite(true);
+    EXPECT_TRUE(writer.write(image));
+    return buffer.data().toStdString();
+}
+
 /// Views over a real coordinator, whose engine, clock, queue and user are the test's.
 class WindowTest : public CoordinatorTest {
 protected:
@@ -55,6 +66,21 @@ protected:
         return *widget;
     }
 
+    /// Who types does so where the focus is.
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        turn();
+    }
+    static std::string focusedName() {
+        return QApplication::focusWidget()->objectName().toStdString();
+    }
+
+    std::unique_ptr<ui::WelcomeView> makeWelcome() {
+        return std::make_unique<ui::WelcomeView>(
+            ui::WelcomeServices{network, queue, workspace,
+                                std::make_unique<SteadyPath>(PathStatus::satisfied)},
+            theme);
+    }
     ui::ContentServices contentServices() {
         return {.coordinator = *coordinator,
                 .workspace = workspace,
@@ -64,6 +90,7 @@ protected:
     }
 
     RecordingSavePanel savePanel;
+    UnreachableNetwork network;
     ui::Theme theme;
     ui::Preferences preferences{QString::fromStdString(data.hostPath("/Veridane.conf"))};
 };
