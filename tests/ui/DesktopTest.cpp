@@ -11,7 +11,6 @@
 #include <QUrl>
 
 #include <array>
-#include <memory>
 
 namespace veridane::ui {
 namespace {
@@ -31,8 +30,6 @@ public:
         for (const char* scheme : schemes)
             QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
     }
-    Opener(const Opener&) = delete;
-    Opener& operator=(const Opener&) = delete;
 
     Texts opened;
 
@@ -91,29 +88,20 @@ TEST(SystemAppearance, TheLookFollowsFromThePlatformsPaletteAndFont) {
     };
     QPalette green = palette(QColor(40, 40, 40), QColor(240, 240, 240));
     green.setColor(QPalette::Highlight, Qt::green);
-    const struct {
-        const char* what;
-        QPalette palette;
-        int fontSize;
-        SystemLook look;
-    } cases[] = {
+    const std::tuple<const char*, QPalette, int, SystemLook> cases[] = {
         {"no desktop", standard, 12, {}},
         {"light", palette(QColor(40, 40, 40), QColor(240, 240, 240)), 15, {}},
         {"dark", palette(QColor(230, 230, 230), QColor(30, 30, 30)), 9, {.isDark = true}},
         {"black on white", palette(Qt::black, Qt::white), 13, {.wantsHighContrast = true}},
         {"an accent, large text", green, 26, {.accent = QColor(Qt::green), .textScale = 2}},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(lookOf(c.palette, standard, c.fontSize), c.look) << c.what;
+    for (const auto& [what, shown, fontSize, look] : cases)
+        EXPECT_EQ(lookOf(shown, standard, fontSize), look) << what;
 }
 
 TEST(SystemAppearance, ThePortalSaysWhatTheDesktopsHaveAgreedOn) {
     const auto wrapped = QVariant::fromValue(QDBusVariant(QVariant(1U)));
-    const struct {
-        const char* key;
-        QVariant value;
-        PortalSettings settings;
-    } cases[] = {
+    const std::tuple<const char*, QVariant, PortalSettings> cases[] = {
         {"color-scheme", 1U, {.isDark = true}},
         {"color-scheme", 2U, {.isDark = false}},
         {"color-scheme", 0U, {}},
@@ -122,10 +110,10 @@ TEST(SystemAppearance, ThePortalSaysWhatTheDesktopsHaveAgreedOn) {
         {"contrast", 1U, {.wantsHighContrast = true}},
         {"accent-color", 1U, {}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [key, value, expected] : cases) {
         PortalSettings settings;
-        settings.take(QLatin1String(c.key), c.value);
-        EXPECT_EQ(settings, c.settings) << c.key << c.value.toString().toStdString();
+        settings.take(QLatin1String(key), value);
+        EXPECT_EQ(settings, expected) << key << value.toString().toStdString();
     }
 }
 

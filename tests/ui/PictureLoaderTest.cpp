@@ -1,21 +1,12 @@
 #include "ui/PictureLoader.h"
 
 #include "platform/CurlHttpClient.h"
-#include "platform/DrainedQueue.h"
 #include "support/Bytes.h"
 #include "support/LoopbackServer.h"
 #include "ui/PictureDecoder.h"
 #include "ui/WindowFixture.h"
 
-#include <QBuffer>
-#include <QImageWriter>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <map>
-#include <optional>
-#include <string>
 
 namespace veridane::ui {
 namespace {
@@ -24,14 +15,7 @@ using namespace veridane::test;
 using namespace std::string_literals;
 
 std::string encoded(const QSize& size, const char* format) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::darkGreen);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format);
-    writer.setProgressiveScanWrite(true);
-    EXPECT_TRUE(writer.write(image));
-    return buffer.data().toStdString();
+    return pictureFile(size, Qt::darkGreen, format);
 }
 
 /// A black pixel on a screen of that size; the toolkit reads this format but writes none.
@@ -61,19 +45,11 @@ std::string withScans(std::string jpeg, int count) {
     return jpeg;
 }
 
-QSize decodedSize(const std::string& bytes) {
-    return decodedPicture(bytesOf(bytes)).size();
-}
-
 TEST(PictureDecoder, PicturesOfTheWebAreMadeAsSmallAsNeededAndOddOnesLeftAlone) {
     const QSize none(0, 0), full(96, 96);
     const std::string png = encoded({200, 200}, "png"), jpeg = encoded({64, 64}, "jpeg");
     const std::string huge = "\x7f\xff\xff\xff\x7f\xff\xff\xff";
-    const struct {
-        const char* what;
-        std::string bytes;
-        QSize size;
-    } cases[] = {
+    const std::tuple<const char*, std::string, QSize> cases[] = {
         {"PNG", png, full},
         {"JPEG", encoded({200, 200}, "jpeg"), full},
         {"GIF", gif(200, 200), full},
@@ -95,8 +71,8 @@ TEST(PictureDecoder, PicturesOfTheWebAreMadeAsSmallAsNeededAndOddOnesLeftAlone) 
          none},
         {"an unusual format", encoded({9, 9}, "bmp"), none},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(decodedSize(c.bytes), c.size) << c.what;
+    for (const auto& [what, bytes, size] : cases)
+        EXPECT_EQ(decodedPicture(bytesOf(bytes)).size(), size) << what;
 }
 
 /// A loader with a real client, and a queue that is the main thread.

@@ -1,9 +1,9 @@
 #include "ui/ReportExport.h"
 
+#include "ui/Bar.h"
 #include "ui/WindowFixture.h"
 
-#include <optional>
-#include <utility>
+#include <QAction>
 
 namespace veridane::ui {
 namespace {
@@ -13,21 +13,23 @@ using test::textOf;
 using ReportExportTest = test::WindowTest;
 
 TEST_F(ReportExportTest, EachReportHasAllItemsOfTheMomentWhateverTheFilterShows) {
-    const std::pair<void (*)(const ScanCoordinator&, SavePanel&), const char*> reports[] = {
-        {ReportExport::exportCSV, "rosetta-bericht.csv"},
-        {ReportExport::exportJSON, "rosetta-bericht.json"},
-        {ReportExport::exportMarkdown, "rosetta-bericht.md"},
+    const Bar bar(*coordinator, savePanel, theme);
+    const std::pair<const char*, const char*> reports[] = {
+        {"exportCSVAction", "rosetta-bericht.csv"},
+        {"exportJSONAction", "rosetta-bericht.json"},
+        {"exportMarkdownAction", "rosetta-bericht.md"},
     };
     coordinator->setSearchText("first");
     savePanel.answer = volume.hostPath("/report");
     savePanel.whileOpen = [this] {
         show({});
     };
-    for (const auto& [exportReport, name] : reports) {
+    for (const auto& [action, name] : reports) {
         volume.file("/report", std::string(100'000, '#')); // longer than any of them
         show({test::sampleItem("First", CompatibilityStatus::needsRosetta),
               test::sampleItem("Second", CompatibilityStatus::needsRosetta)});
-        exportReport(*coordinator, savePanel);
+        turn();
+        find<QAction>(bar, action).trigger();
         const std::string text = textOf(*savePanel.answer);
         EXPECT_EQ(savePanel.proposedNames.back(), name);
         for (const char* item : {"First", "Second"})

@@ -2,7 +2,6 @@
 
 #include "ui/WindowFixture.h"
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -82,14 +81,6 @@ TEST_F(SelectableLabelTest, KeysAndTheMenuCopyTheTextAsItIs) {
     menu.actions().back()->trigger();
     EXPECT_EQ(selected(), path);
     menu.close();
-}
-
-TEST_F(SelectableLabelTest, ToAssistiveTechnologyItIsAText) {
-    label.setText(QStringLiteral("/Applications/A & B.app"));
-    const auto* object = QAccessible::queryAccessibleInterface(&label);
-    EXPECT_EQ(object->role(), QAccessible::StaticText);
-    EXPECT_EQ(object->text(QAccessible::Name), label.text());
-    EXPECT_EQ(label.focusPolicy(), Qt::ClickFocus);
 }
 
 } // namespace

@@ -1,5 +1,11 @@
 #include "ui/Theme.h"
 
+#include "model/ScanItem.h"
+#include "ui/Symbols.h"
+
+#include <QDir>
+#include <QImage>
+
 #include <gtest/gtest.h>
 
 namespace veridane::ui {
@@ -9,10 +15,7 @@ namespace {
 std::vector<std::string> unreadablePairs(const ThemeColours& colours) {
     const QColor active = blended(colours.activeRow, colours.sidebar);
     const QColor selected = blended(colours.selectedRow, colours.content);
-    const struct {
-        const char* what;
-        QColor text, surface;
-    } pairs[] = {
+    const std::tuple<const char*, QColor, QColor> pairs[] = {
         {"text on an active row", colours.text, active},
         {"count on an active row", colours.secondary, active},
         {"accent text on an active row", colours.accentText, active},
@@ -26,9 +29,9 @@ std::vector<std::string> unreadablePairs(const ThemeColours& colours) {
         {"note on a tinted card", colours.secondary, colours.tintedCard},
     };
     std::vector<std::string> unreadable;
-    for (const auto& pair : pairs)
-        if (contrastRatio(pair.text, pair.surface) < 4.5)
-            unreadable.emplace_back(pair.what);
+    for (const auto& [what, text, surface] : pairs)
+        if (contrastRatio(text, surface) < 4.5)
+            unreadable.emplace_back(what);
     for (const HueColours& hue : colours.hues) {
         const QColor box = blended(faded(hue.tint, opacity::verdictFill), colours.detail);
         for (const QColor& surface : {colours.window, colours.content, selected, box})
@@ -67,6 +70,47 @@ TEST(Theme, TheChosenModeWinsOverTheSystemsLookAndChangesAreTold) {
     theme.setSystemLook({.isDark = true, .wantsHighContrast = true});
     EXPECT_EQ(theme.colours(), withHighContrast(darkColours()));
     EXPECT_EQ(changes, 2);
+}
+
+constexpr QRgb colour = 0xff4a50d2;
+
+/// How many pixels the picture covers at all; -1 if an opaque one has another colour.
+int coveredPixels(const QPixmap& picture) {
+    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    int covered = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qAlpha(pixel) == 255 && pixel != colour)
+                return -1;
+            covered += qAlpha(pixel) > 0 ? 1 : 0;
+        }
+    }
+    return covered;
+}
+
+TEST(Symbols, EveryDrawingShowsInItsColourAtEverySizeAndScale) {
+    const Symbols symbols;
+    const QStringList files = QDir(QStringLiteral(":/symbols")).entryList();
+    ASSERT_FALSE(files.isEmpty());
+    for (const QString& file : files) {
+        for (const double dpr : {1.0, 1.5, 2.0}) {
+            const std::string name = file.chopped(4).toStdString();
+            SCOPED_TRACE(name + " at " + std::to_string(dpr));
+            const QPixmap picture = symbols.pixmap(name, 16, QColor(colour), dpr);
+            EXPECT_EQ(picture.deviceIndependentSize(), QSizeF(16, 16));
+            EXPECT_EQ(picture.devicePixelRatio(), dpr);
+            EXPECT_GT(coveredPixels(picture), 16 * dpr * dpr);
+        }
+    }
+}
+
+TEST(Symbols, EveryNameThatIsOneWordAloneAndThatOfEveryKindHasADrawing) {
+    for (const char* name :
+         {"bag", "checkmark", "cpu", "folder", "gearshape", "magnifyingglass", "seal", "terminal"})
+        EXPECT_TRUE(Symbols::has(name)) << name;
+    for (std::size_t kind = 0; kind < itemKindCount; ++kind)
+        EXPECT_TRUE(Symbols::has(symbolName(static_cast<ItemKind>(kind)))) << kind;
 }
 
 } // namespace
