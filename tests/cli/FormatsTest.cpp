@@ -110,6 +110,11 @@ TEST_F(Formats, EveryKeyAndValueIsTold) {
         return displayName(UpdateCheckResult{kind, hasVersion ? "2.1" : "HTTP 404"});
     };
     const std::string coordinator = textOf(root / "src/coordination/ScanCoordinator.cpp");
+    Names logged = matches(coordinator, R"re(\{"(\w+)"[,)])re"); // the fields
+    for (const auto& file : std::filesystem::recursive_directory_iterator(root / "src")) {
+        if (file.is_regular_file())
+            logged.merge(matches(textOf(file.path()), R"re(logEvent\("(\w+)")re"));
+    }
     std::string settings;
     for (const char* unit : {"Preferences", "ContentView", "ResultsHeader"})
         settings += textOf(root / "src/ui" / (unit + std::string(".cpp")));
@@ -130,7 +135,7 @@ TEST_F(Formats, EveryKeyAndValueIsTold) {
         {"CSV report", matches(csv.substr(0, csv.find('\n')), "([^;]+)")},
         {"Inspection", keysIn(Json::parse(outputOf({"inspect", "--format", "json", "/"})))},
         {"Snapshot", snapshot},
-        {"Stability log", matches(coordinator, R"re((?:logEvent\(|\{)"(\w+)"[,)])re")},
+        {"Stability log", logged},
         {"Settings", matches(settings, R"re((?:Key|return QStringLiteral)\("(\w+)"\))re")},
     };
     for (const auto& [title, names] : written)
