@@ -17,14 +17,18 @@ constexpr int maxLinks = 40; // as many as Linux itself follows
 // busy for minutes.
 constexpr int maxSteps = 4096;
 
+// Without its links a path can be longer than the system takes in one piece.
+constexpr std::size_t maxBytes = std::size_t{maxLinks + 1} * PATH_MAX;
+
 class Lookup {
 public:
     Lookup(const QuietOpener& opener, const std::string& root) : m_opener(opener), m_root(root) {}
 
     std::optional<Location> run(const Path& path, LastLink lastLink) {
-        // The system takes no longer path either, nor one with a NUL.
-        if (path.bytes().size() >= PATH_MAX || path.bytes().find('\0') != std::string::npos ||
-            !restart())
+        // No name of the system's holds a NUL.
+        if (path.bytes().size() >= maxBytes || path.bytes().find('\0') != std::string::npos)
+            return nothing(ENOENT);
+        if (!restart())
             return std::nullopt;
         const Way way = goStraight(path);
         if (way == Way::missing)
@@ -46,12 +50,18 @@ public:
                 return std::nullopt;
             }
             if (m_links > maxLinks)
-                return std::nullopt;
+                return nothing(ELOOP);
         }
         return Location{std::move(m_folder), ".", Path(m_resolved)};
     }
 
 private:
+    /// Whoever asks why must not find the reason of an earlier failure.
+    static std::nullopt_t nothing(int error) {
+        errno = error;
+        return std::nullopt;
+    }
+
     bool restart() {
         m_resolved.clear();
         m_folder = m_opener.root(m_root.c_str());
@@ -89,8 +99,10 @@ private:
     }
 
     bool goDown(const std::string& component) {
-        if (++m_steps > maxSteps)
+        if (++m_steps > maxSteps) {
+            errno = ELOOP;
             return false;
+        }
         Descriptor next = m_opener.passage(m_folder.get(), component.c_str());
         if (!next)
             return false;

@@ -131,8 +131,10 @@ TEST_F(Files, AWalkMeetsAFolderBeforeItsContentsAndFollowsAndReadsNoMoreThanItSh
 }
 
 TEST_F(Files, FiveThousandLevelsAreWalkedAndLeftWithFewDescriptors) {
+    std::string deepest = "/./r";
     volume.file("/r/bottom", "abc");
     for (int i = 0; i < 5000; ++i) {
+        deepest += "/d";
         volume.folder("/outer");
         std::filesystem::rename(volume.hostPath("/r"), volume.hostPath("/outer/d"));
         std::filesystem::rename(volume.hostPath("/outer"), volume.hostPath("/r"));
@@ -145,6 +147,11 @@ TEST_F(Files, FiveThousandLevelsAreWalkedAndLeftWithFewDescriptors) {
     EXPECT_EQ(recorder.seen.size(), 5003U);
     EXPECT_EQ(recorder.tags, 2);
     EXPECT_EQ(recorder.seen.back(), "z/end"); // found its way back up
+
+    const FileSystem files = volume.files();
+    errno = EIO; // of anything before
+    EXPECT_FALSE(files.exists(Path(deepest)));
+    EXPECT_EQ(files.trouble(), std::nullopt);
 }
 
 TEST_F(Files, ForWantOfDescriptorsNothingBreaksAndWithAFewNoFileIsMissedAtAnyDepth) {
@@ -174,6 +181,18 @@ TEST_F(Files, APathOfNothingButDetoursLeadsNowhereSoon) {
     EXPECT_TRUE(files.exists(Path(deep + "/file")));
     EXPECT_FALSE(files.exists(Path(deep + "/29")));
     EXPECT_FALSE(files.exists(Path(deep) / (std::string(1'000'000, '.') + "/file")));
+}
+
+TEST_F(Files, WithoutItsLinksAPathMayBeLongerThanTheSystemTakes) {
+    const std::string name(250, 'd');
+    std::string half;
+    for (int i = 0; i < 10; ++i)
+        half += name + '/';
+    volume.file("/part", "abc").tower("/r", 20, name, "/part");
+    volume.link("/r/" + half + "half", half).link("/short", "/r/" + half + "half/part-20");
+    const Path resolved = volume.files().resolvingLinks(Path("/short"));
+    EXPECT_EQ(resolved, Path("/r/" + half + half + "part-20"));
+    EXPECT_TRUE(volume.files().open(resolved));
 }
 
 TEST_F(Files, AScanLeavesNoAccessTimes) {
