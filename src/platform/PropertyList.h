@@ -23,8 +23,9 @@ public:
     /// several times as much.
     static constexpr std::uint64_t maxFileSize = std::uint64_t{8} << 20;
 
-    /// A longer text is no name or path, but would go through everything that we show and write.
-    static constexpr std::uint64_t maxTextSize = std::uint64_t{64} << 10; // bytes of UTF-8
+    /// A longer text is no name or path, but would go through everything that we show and write:
+    /// thousands of bundles can share one list.
+    static constexpr std::uint64_t maxTextSize = std::uint64_t{4} << 10; // bytes of UTF-8
 
     [[nodiscard]] static std::optional<PropertyList> parse(ByteView bytes);
 

@@ -110,7 +110,7 @@ std::vector<HostileFile> hostileLists() {
 }
 
 std::vector<HostileFile> oddLists() {
-    const std::string huge(megabyte, 'h'), most(65536, 'm');
+    const std::string huge(megabyte, 'h'), most(4096, 'm');
     return {
         {"name of a megabyte", plistFile(PlistDictionary{{"CFBundleName", huge},
                                                          {"CFBundleIdentifier", huge},
