@@ -53,12 +53,9 @@ std::optional<std::string> textOf(const std::optional<PropertyList>& plist, std:
     return plist ? plist->text(key) : std::nullopt;
 }
 
-std::string nameOf(const std::optional<PropertyList>& infoPlist, const Path& bundle) {
-    for (const std::string_view key : {"CFBundleDisplayName", "CFBundleName"}) {
-        if (auto name = textOf(infoPlist, key))
-            return *name;
-    }
-    return text::validUtf8(bundle.stem());
+std::optional<std::string> nameIn(const std::optional<PropertyList>& infoPlist) {
+    auto name = textOf(infoPlist, "CFBundleDisplayName");
+    return name ? name : textOf(infoPlist, "CFBundleName");
 }
 
 UpdateSource classifyUpdateSource(const FileSystem& files, const Path& bundle, bool hasFeed,
@@ -81,26 +78,39 @@ CompatibilityStatus statusOf(const ArchitectureReport& architecture, const Bundl
     return status;
 }
 
+/// What is known of a bundle with nothing in it.
+ScanItem emptyItem(const Path& bundle, ItemKind kind) {
+    ScanItem item;
+    item.id = Uuid::random();
+    item.name = text::validUtf8(bundle.stem());
+    item.path = bundle.text();
+    item.kind = kind;
+    item.sizeOnDisk = 0;
+    item.updateSource = UpdateSource::unsigned_;
+    return item;
+}
+
 } // namespace
 
 ScanItem inspect(const FileSystem& files, const Path& bundle, ItemKind kind) {
     // All is read where the bundle stands: a link to it can take ten thousand steps to follow, and
     // a bundle can hold as many files.
     const Path place = files.resolvingLinks(bundle);
+    ScanItem item = emptyItem(bundle, kind);
+    const auto values = files.resourceValues(place);
+    if (values && values->type == EntryType::symbolicLink)
+        return item; // it leads nowhere, and each look below it would go all that way again
+
     const auto infoPlist = readInfoPlist(files, place);
     const auto executable = resolveExecutable(files, place, infoPlist);
     const auto architecture =
         executable ? MachOInspector::inspect(files, *executable) : emptyReport;
     BundleWalk walk = walkBundle(files, place, executable);
     SignatureIdentity identity = SignatureInspector::inspectBundle(files, place, executable);
-    const auto values = files.targetValues(place);
     const auto category = textOf(infoPlist, "LSApplicationCategoryType");
 
-    ScanItem item;
-    item.id = Uuid::random();
-    item.name = nameOf(infoPlist, bundle);
-    item.path = bundle.text();
-    item.kind = kind;
+    if (auto name = nameIn(infoPlist))
+        item.name = *std::move(name);
     item.architecture = architecture;
     item.status = statusOf(architecture, walk);
     item.intelComponents = std::move(walk.intelComponents);
