@@ -117,7 +117,7 @@ bool isSilent(std::string_view address) {
     while (!address.empty()) {
         const auto name = socketName(cutOff(address, ';'));
         if (!name)
-            return false;
+            continue; // better a window without its bus than none
         const Descriptor socket = connectTo(*name);
         if (socket)
             return !answers(socket);

@@ -14,8 +14,8 @@ namespace veridane::MessageBus {
 [[nodiscard]] std::string systemAddress();
 
 /// Whether the bus at the first place of the address that can be connected to says nothing for two
-/// seconds. What cannot be connected to at all fails at once and is not silent, and of anything but
-/// the sockets of this machine nothing is known.
+/// seconds. What cannot be connected to at all fails at once and is not silent. Anything but the
+/// sockets of this machine is passed over: nothing is known of it.
 [[nodiscard]] bool isSilent(std::string_view address);
 
 } // namespace veridane::MessageBus

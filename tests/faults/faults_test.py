@@ -251,7 +251,7 @@ class TheWindow(FaultTest):
             for session, system in ((None, None), ("nonsense", "nonsense"),
                                     (f"unix:path={refusing}", f"unix:path={refusing}"),
                                     (NOWHERE, f"unix:path={silent}"),
-                                    (f"unix:path={refusing};unix:path={silent}", NOWHERE)):
+                                    (f"x:y=z;unix:path={refusing};unix:path={silent}", NOWHERE)):
                 with self.subTest(session=session, system=system):
                     printed = self.assert_comes_up(variables={"DBUS_SESSION_BUS_ADDRESS": session,
                                                               "DBUS_SYSTEM_BUS_ADDRESS": system})
