@@ -121,10 +121,12 @@ TEST_F(DetailViewTest, TheFirstFortyComponentsAreNamed) {
             item.intelComponents.push_back("Contents/\x1b[" + std::to_string(i));
         showItem(item);
         int named = 0;
-        for (const auto* label : view->findChildren<QLabel*>(QStringLiteral("componentLabel")))
-            if (isShown(*label))
+        for (const auto* label : view->findChildren<QLabel*>(QStringLiteral("componentLabel"))) {
+            if (isShown(*label)) {
                 EXPECT_EQ(label->text().toStdString(),
                           "Contents/\uFFFD[" + std::to_string(named++));
+            }
+        }
         EXPECT_EQ(named, std::min(count, 40));
         EXPECT_EQ(isShown(find(*view, "componentBox")), count > 0);
         EXPECT_EQ(isShown(find(*view, "furtherComponentsLabel")) ? text("furtherComponentsLabel")
