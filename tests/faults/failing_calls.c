@@ -130,6 +130,25 @@ OPEN(open64)
 OPENAT(openat)
 OPENAT(openat64)
 
+/* What a hardened program calls in their place where nothing is created. */
+#define CHECKED_OPEN(name)                                                                         \
+    int name(const char* path, int flags) {                                                        \
+        if (fails_at("open", AT_FDCWD, path, NULL))                                                \
+            return -1;                                                                             \
+        return REAL(int (*)(const char*, int), #name)(path, flags);                                \
+    }
+CHECKED_OPEN(__open_2)
+CHECKED_OPEN(__open64_2)
+
+#define CHECKED_OPENAT(name)                                                                       \
+    int name(int folder, const char* path, int flags) {                                            \
+        if (fails_at("open", folder, path, NULL))                                                  \
+            return -1;                                                                             \
+        return REAL(int (*)(int, const char*, int), #name)(folder, path, flags);                   \
+    }
+CHECKED_OPENAT(__openat_2)
+CHECKED_OPENAT(__openat64_2)
+
 /* Of the calls without a function of their own only openat2 is of interest. */
 long syscall(long number, ...) {
     long values[6];
@@ -159,6 +178,22 @@ ssize_t read(int file, void* buffer, size_t size) {
     }
 PREAD(pread)
 PREAD(pread64)
+
+ssize_t __read_chk(int file, void* buffer, size_t size, size_t room) {
+    if (fails_on("read", file, &size))
+        return -1;
+    return REAL(ssize_t(*)(int, void*, size_t, size_t), "__read_chk")(file, buffer, size, room);
+}
+
+#define CHECKED_PREAD(name)                                                                        \
+    ssize_t name(int file, void* buffer, size_t size, off_t offset, size_t room) {                 \
+        if (fails_on("read", file, &size))                                                         \
+            return -1;                                                                             \
+        return REAL(ssize_t(*)(int, void*, size_t, off_t, size_t), #name)(file, buffer, size,      \
+                                                                          offset, room);           \
+    }
+CHECKED_PREAD(__pread_chk)
+CHECKED_PREAD(__pread64_chk)
 
 #define PREADV2(name)                                                                              \
     ssize_t name(int file, const struct iovec* parts, int count, off_t offset, int flags) {        \
