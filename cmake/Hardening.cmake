@@ -40,6 +40,6 @@ if(VERIDANE_HAS_STACK_CLASH_PROTECTION)
     add_compile_options(-fstack-clash-protection)
 endif()
 
-# Nobody needs to know where this was built, and the same sources give the same bytes anywhere.
+# Nobody needs to know where this was built.
 add_compile_options("-ffile-prefix-map=${PROJECT_SOURCE_DIR}=."
     "-ffile-prefix-map=${PROJECT_BINARY_DIR}=./build")
