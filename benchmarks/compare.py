@@ -247,7 +247,7 @@ def volume_folder(programs_folder, cache, kind):
 def main():
     parser = argparse.ArgumentParser(prog="scripts/bench", description=__doc__)
     parser.add_argument("--smallest", action="store_true",
-                        help="only the small volume, three rounds: for a quick look")
+                        help="only the small volume: for a quick look")
     parser.add_argument("--cold", action="store_true",
                         help="the small volume on a disk of which nothing is cached; as root")
     parser.add_argument("--programs", required=True, help=argparse.SUPPRESS)
@@ -260,7 +260,7 @@ def main():
     bars = Bars()
     with tempfile.TemporaryDirectory(prefix="veridane-bench-", dir=arguments.cache) as scratch:
         programs = Programs(arguments.programs, scratch)
-        rounds = 3 if arguments.smallest else 7
+        rounds = 7
         if arguments.cold:
             small = volume_folder(arguments.programs, arguments.cache, "small")
             compare_cold(programs, small, rounds, scratch)
