@@ -5,7 +5,6 @@ usage: faults_test.py --window PROGRAM --cli PROGRAM --failing-calls LIBRARY [un
 """
 import argparse
 import errno
-import http.server
 import json
 import os
 import pathlib
@@ -13,9 +12,10 @@ import signal
 import socket
 import subprocess
 import sys
-import threading
 import unittest
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parent.parent / "support"))
+from loopback_site import LoopbackSite
 from machine import CACHE, NOWHERE, UNKEPT, Machine, Window
 
 PROGRAMS = None
@@ -173,29 +173,14 @@ class Writing(FaultTest):
         self.assertEqual(self.report(around=ALL_CLOSED), (0, "", "Name", 1))
 
 
-class Store(http.server.BaseHTTPRequestHandler):
-    def do_GET(self):
-        body = b'{"results":[{"version":"2.0"}]}'
-        self.send_response(200)
-        self.send_header("Content-Length", str(len(body)))
-        self.end_headers()
-        self.wfile.write(body)
-
-    def log_message(self, *_):
-        pass
-
-
 class UpdateChecks(FaultTest):
     def test_neither_a_jumping_clock_nor_few_descriptors_end_them_without_an_answer(self):
-        with http.server.ThreadingHTTPServer(("127.0.0.1", 0), Store) as server:
-            threading.Thread(target=server.serve_forever, daemon=True).start()
-            variables = {"VERIDANE_STORE_LOOKUP": f"http://127.0.0.1:{server.server_port}",
-                         "no_proxy": "127.0.0.1"}
+        with LoopbackSite(lambda path: b'{"results":[{"version":"2.0"}]}') as store:
+            variables = {"VERIDANE_STORE_LOOKUP": store.root, "no_proxy": "127.0.0.1"}
             for how in ({"faults": "clock::4000000000"}, {"around": at_most(nofile=24)}):
                 done = self.scan("--check-updates", "--format", "csv", variables=variables, **how)
                 self.assertEqual((done.returncode, done.stderr), (0, ""))
                 self.assertIn("Update verfügbar → 2.0", done.stdout)
-            server.shutdown()
 
 
 class TheWindow(FaultTest):
